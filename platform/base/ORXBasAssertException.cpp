@@ -1,0 +1,7 @@
+#include "ORXBasAssertException.h"
+
+void ORXBasAssertException::Throw(char const* file, int line)
+{
+    SetWhere(file, line);
+    throw *this;
+}
