@@ -2,8 +2,9 @@
 
 #include "vds_CoreFragmentTypeIndex.h"
 
-// An ordinary static initialiser: it runs before the library's start chain, which is started from a
-// constructor of later priority, so the table is complete before any service can be called.
+// An ordinary static initialiser: it runs before the library's start chain, whose load hook runs
+// after the other initialisers of the library, so the table is complete before any service is called.
+// The generated rows and the table storage need no initialiser of their own (constant and zero).
 bool const ORXSrvVariableMap::s_loaded = ORXSrvVariableMap::Load();
 
 ORXSrvVariableStruct const& ORXSrvVariableMap::GetEntry(int index)
