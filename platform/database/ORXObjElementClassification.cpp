@@ -19,7 +19,8 @@ void ORXObjElementClassification::AppendElementClass(ORXSimPosition const& eleme
 void ORXObjElementClassification::SetMembership(ORXSimPosition const& membership) const
 {
     SetPosition(ElementClassification_membership(), membership);
-    ORXSimCtation const& body = ORXSimDSet(membership).GetCtation();
+    ORXSimDSet dset(membership);
+    ORXSimCtation const& body = dset.GetCtation();
     ORXSimContext context = Context();
     for (int i = 0; i < body.NumCompartments(); ++i)
     {
