@@ -48,7 +48,10 @@ function(orxsrv_add_library name)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS})
   endif()
   target_compile_features(${name} PUBLIC cxx_std_20)
-  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  # Installed side by side, the libraries find each other through their own folder: a host's RUNPATH
+  # covers only the libraries it links directly.
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH "$ORIGIN")
   set(ORXSRV_PUBLIC_HEADERS "${ORXSRV_PUBLIC_HEADERS};${headers}" CACHE INTERNAL "")
 endfunction()
 
