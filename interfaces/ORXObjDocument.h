@@ -11,9 +11,6 @@
 #include "ORXSimTypeID.h"
 #include "ORXString.h"
 
-class ORXSimGrid;
-class ORXSimRangeType;
-
 class ORXObjDocument : public ORXSimDatabase
 {
 public:
@@ -61,8 +58,6 @@ public:
     ORXSimDynamicID GetSymbol(int type, ORXString const& name, ORXSimCollectionID const& collection) const;
 
     ORXSimDataRecord CreateDataRecord(int type) const;
-    ORXSimDistributionID CreateDistribution(ORXSimGrid const& grid, ORXSimRangeType const& rangeType,
-                                            ORXSimTypeID const& type) const;
 
 private:
     ORXSimPosition GetLibraryMember(int member) const;

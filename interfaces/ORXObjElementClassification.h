@@ -11,7 +11,5 @@ public:
 
     // Files the class in ElementClassification_elementClasses (23, 12), in filing order.
     void AppendElementClass(ORXSimPosition const& elementClass) const;
-    // Stores the membership DSet under (23, 127) and hands each class its element CSet.
-    void SetMembership(ORXSimPosition const& membership) const;
     ORXSimPosition GetMembership() const;
 };

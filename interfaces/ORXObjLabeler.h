@@ -32,8 +32,8 @@ public:
     // Records that occurrence `instance` holds those flat-mesh ordinals (of nodes for type 0, of
     // elements for type 1) under those user labels. A second call for the same instance adds to it;
     // an ordinal given again takes the later label.
-    static void DefineInstance(ORXObjDocument const& document, ORXObjLabelerType type, ORXString const& instance,
-                               int const* ordinals, int const* labels, int count);
+    static void DefineInstance(ORXObjDocument const& document, ORXObjLabelerType type,
+                               ORXString const& instance, int const* ordinals, int const* labels, int count);
 
     // Loads the document's tables; comes before any query.
     void Read();

@@ -18,11 +18,11 @@ public:
     ORXSimPosition GetConnectivity() const;
     // A position on which GetDistribution() names the coordinates distribution (23, 121).
     ORXSimPosition GetCoordinates() const;
-    ORXSimPosition GetElementClassification() const;                       // (23, 122)
-    ORXSimPosition GetElementSpecAssignment() const;                       // (23, 123)
+    ORXSimPosition GetElementClassification() const;                        // (23, 122)
+    ORXSimPosition GetElementSpecAssignment() const;                        // (23, 123)
     ORXSimPosition GetShapeFormulationLogicalSectionClassification() const; // (23, 124)
-    ORXSimPosition GetUserNodes() const;                                   // (23, 125)
-    ORXSimPosition GetElementClassCollection() const;                      // (23, 126)
+    ORXSimPosition GetUserNodes() const;                                    // (23, 125)
+    ORXSimPosition GetElementClassCollection() const;                       // (23, 126)
 
     void SetNodeCollection(ORXSimPosition const& position) const;
     void SetElementCollection(ORXSimPosition const& position) const;

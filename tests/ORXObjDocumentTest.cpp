@@ -4,9 +4,15 @@
 
 namespace
 {
-int Schema(int group, int member) { return vds_CoreFragmentTypeIndex(group, member); }
+int Schema(int group, int member)
+{
+    return vds_CoreFragmentTypeIndex(group, member);
+}
 
-bool Same(ORXSimPosition const& a, ORXSimPosition const& b) { return !a.IsNull() && a.ID() == b.ID(); }
+bool Same(ORXSimPosition const& a, ORXSimPosition const& b)
+{
+    return !a.IsNull() && a.ID() == b.ID();
+}
 
 class ORXObjDocumentTest : public ::testing::Test
 {

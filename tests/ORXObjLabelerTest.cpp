@@ -24,7 +24,8 @@ protected:
         int const beamLabels[] = {30, 10, 20};
         int const plateOrdinals[] = {0, 1, 2};
         int const plateLabels[] = {102, 100, 101};
-        ORXObjLabeler::DefineInstance(m_document, ORXObjLabelerNodes, "Plate-1", plateOrdinals, plateLabels, 3);
+        ORXObjLabeler::DefineInstance(m_document, ORXObjLabelerNodes, "Plate-1", plateOrdinals, plateLabels,
+                                      3);
         ORXObjLabeler::DefineInstance(m_document, ORXObjLabelerNodes, "Beam-1", beamOrdinals, beamLabels, 3);
     }
     void TearDown() override { m_document.Close(); }

@@ -9,15 +9,42 @@
 
 namespace
 {
-int Document_model() { return vds_CoreFragmentTypeIndex(25, 1); }
-int Focus_results() { return vds_CoreFragmentTypeIndex(15, 1); }
-int Focus_library() { return vds_CoreFragmentTypeIndex(15, 9); }
-int Library() { return vds_CoreFragmentTypeIndex(15, 10); }
-int Library_elementSpecCollection() { return vds_CoreFragmentTypeIndex(23, 47); }
-int Library_componentCollection() { return vds_CoreFragmentTypeIndex(13, 120); }
-int Library_dofTypeCollection() { return vds_CoreFragmentTypeIndex(24, 120); }
-int Library_materialCollection() { return vds_CoreFragmentTypeIndex(42, 120); }
-int Library_pointCollection() { return vds_CoreFragmentTypeIndex(23, 120); }
+int Document_model()
+{
+    return vds_CoreFragmentTypeIndex(25, 1);
+}
+int Focus_results()
+{
+    return vds_CoreFragmentTypeIndex(15, 1);
+}
+int Focus_library()
+{
+    return vds_CoreFragmentTypeIndex(15, 9);
+}
+int Library()
+{
+    return vds_CoreFragmentTypeIndex(15, 10);
+}
+int Library_elementSpecCollection()
+{
+    return vds_CoreFragmentTypeIndex(23, 47);
+}
+int Library_componentCollection()
+{
+    return vds_CoreFragmentTypeIndex(13, 120);
+}
+int Library_dofTypeCollection()
+{
+    return vds_CoreFragmentTypeIndex(24, 120);
+}
+int Library_materialCollection()
+{
+    return vds_CoreFragmentTypeIndex(42, 120);
+}
+int Library_pointCollection()
+{
+    return vds_CoreFragmentTypeIndex(23, 120);
+}
 
 // The results root is associated with the focus under this key.
 int const resultsKey = 1;
@@ -27,7 +54,10 @@ ORXObjDocument::ORXObjDocument(ORXSimPosition const& position) : ORXSimDatabase(
 
 ORXObjDocument::ORXObjDocument(ORXSimDatabase const& database) : ORXSimDatabase(database) {}
 
-ORXObjDocument ORXObjDocument::New() { return ORXObjDocument(ORXSimDatabase::CreateNew()); }
+ORXObjDocument ORXObjDocument::New()
+{
+    return ORXObjDocument(ORXSimDatabase::CreateNew());
+}
 
 void ORXObjDocument::Close()
 {
@@ -36,15 +66,30 @@ void ORXObjDocument::Close()
     ORXSimDatabase::Close();
 }
 
-bool ORXObjDocument::IsClosed() const { return IsNull() || ORXSimDatabase::IsClosed(); }
+bool ORXObjDocument::IsClosed() const
+{
+    return IsNull() || ORXSimDatabase::IsClosed();
+}
 
-ORXSimPosition ORXObjDocument::GetModel() const { return Focus().GetPosition(Document_model()); }
+ORXSimPosition ORXObjDocument::GetModel() const
+{
+    return Focus().GetPosition(Document_model());
+}
 
-void ORXObjDocument::SetModel(ORXSimPosition const& model) const { Focus().SetPosition(Document_model(), model); }
+void ORXObjDocument::SetModel(ORXSimPosition const& model) const
+{
+    Focus().SetPosition(Document_model(), model);
+}
 
-ORXSimPosition ORXObjDocument::GetMesh() const { return ORXObjModel(GetModel()).GetMesh(); }
+ORXSimPosition ORXObjDocument::GetMesh() const
+{
+    return ORXObjModel(GetModel()).GetMesh();
+}
 
-ORXSimPosition ORXObjDocument::GetResults() const { return Focus().Follow(Focus_results(), resultsKey); }
+ORXSimPosition ORXObjDocument::GetResults() const
+{
+    return Focus().Follow(Focus_results(), resultsKey);
+}
 
 void ORXObjDocument::SetResults(ORXSimPosition const& results) const
 {
@@ -76,12 +121,18 @@ ORXSimPosition ORXObjDocument::GetComponentCollection() const
 {
     return GetLibraryMember(Library_componentCollection());
 }
-ORXSimPosition ORXObjDocument::GetDofTypeCollection() const { return GetLibraryMember(Library_dofTypeCollection()); }
+ORXSimPosition ORXObjDocument::GetDofTypeCollection() const
+{
+    return GetLibraryMember(Library_dofTypeCollection());
+}
 ORXSimPosition ORXObjDocument::GetMaterialCollection() const
 {
     return GetLibraryMember(Library_materialCollection());
 }
-ORXSimPosition ORXObjDocument::GetPointCollection() const { return GetLibraryMember(Library_pointCollection()); }
+ORXSimPosition ORXObjDocument::GetPointCollection() const
+{
+    return GetLibraryMember(Library_pointCollection());
+}
 
 void ORXObjDocument::SetElementSpecCollection(ORXSimPosition const& collection) const
 {
@@ -116,7 +167,8 @@ int ORXObjDocument::GetCMemberIndex(ORXSimPosition const& record) const
 
 // The type names the symbol enumeration; the members of one collection share it, so the lookup
 // goes by the symbol text within the collection.
-ORXSimDynamicID ORXObjDocument::GetSymbol(int, ORXString const& name, ORXSimCollectionID const& collection) const
+ORXSimDynamicID ORXObjDocument::GetSymbol(int, ORXString const& name,
+                                          ORXSimCollectionID const& collection) const
 {
     if (name.IsNull() || collection.IsNull())
         return ORXSimDynamicID();
@@ -131,10 +183,7 @@ ORXSimDynamicID ORXObjDocument::GetSymbol(int, ORXString const& name, ORXSimColl
     return ORXSimDynamicID();
 }
 
-ORXSimDataRecord ORXObjDocument::CreateDataRecord(int type) const { return Focus().CreateDataRecord(type); }
-
-ORXSimDistributionID ORXObjDocument::CreateDistribution(ORXSimGrid const& grid, ORXSimRangeType const& rangeType,
-                                                        ORXSimTypeID const& type) const
+ORXSimDataRecord ORXObjDocument::CreateDataRecord(int type) const
 {
-    return Context().CreateDistribution(grid, rangeType, type);
+    return Focus().CreateDataRecord(type);
 }

@@ -6,9 +6,18 @@
 
 namespace
 {
-int ElementClass() { return vds_CoreFragmentTypeIndex(23, 7); }
-int ElementClass_elementSpec() { return vds_CoreFragmentTypeIndex(23, 9); }
-int ElementClass_elementCSet() { return vds_CoreFragmentTypeIndex(23, 128); }
+int ElementClass()
+{
+    return vds_CoreFragmentTypeIndex(23, 7);
+}
+int ElementClass_elementSpec()
+{
+    return vds_CoreFragmentTypeIndex(23, 9);
+}
+int ElementClass_elementCSet()
+{
+    return vds_CoreFragmentTypeIndex(23, 128);
+}
 } // namespace
 
 void ORXObjElementClass::Register(ORXObjMesh& mesh, ORXSimPosition const& spec)
@@ -23,8 +32,9 @@ void ORXObjElementClass::Register(ORXObjMesh& mesh, ORXSimPosition const& spec)
     ORXSimContext context = mesh.Context();
     int space = collection.Space();
     int member = 0;
-    while (member < space &&
-           !ORXSimPosition(context.GetRecord(collection.ID(), member)).GetPosition(ElementClass_elementSpec()).IsNull())
+    while (member < space && !ORXSimPosition(context.GetRecord(collection.ID(), member))
+                                  .GetPosition(ElementClass_elementSpec())
+                                  .IsNull())
         ++member;
     if (member == space)
         collection.ExtendSpace(space + 1);
@@ -32,9 +42,15 @@ void ORXObjElementClass::Register(ORXObjMesh& mesh, ORXSimPosition const& spec)
     SetPosition(ElementClass_elementSpec(), spec);
 }
 
-ORXSimPosition ORXObjElementClass::GetElementSpec() const { return GetPosition(ElementClass_elementSpec()); }
+ORXSimPosition ORXObjElementClass::GetElementSpec() const
+{
+    return GetPosition(ElementClass_elementSpec());
+}
 
-ORXSimDynamicID ORXObjElementClass::GetElementCSet() const { return GetPosition(ElementClass_elementCSet()).ID(); }
+ORXSimDynamicID ORXObjElementClass::GetElementCSet() const
+{
+    return GetPosition(ElementClass_elementCSet()).ID();
+}
 
 void ORXObjElementClass::SetElementCSet(ORXSimDynamicID const& cset) const
 {

@@ -1,38 +1,23 @@
 #include "ORXObjElementClassification.h"
 
-#include "ORXObjElementClass.h"
-#include "ORXSimContext.h"
-#include "ORXSimDSet.h"
+#include "ORXSimSet.h"
 #include "vds_CoreFragmentTypeIndex.h"
 
 namespace
 {
-int ElementClassification_elementClasses() { return vds_CoreFragmentTypeIndex(23, 12); }
-int ElementClassification_membership() { return vds_CoreFragmentTypeIndex(23, 127); }
+int ElementClassification_elementClasses()
+{
+    return vds_CoreFragmentTypeIndex(23, 12);
+}
+int ElementClassification_membership()
+{
+    return vds_CoreFragmentTypeIndex(23, 127);
+}
 } // namespace
 
 void ORXObjElementClassification::AppendElementClass(ORXSimPosition const& elementClass) const
 {
     GetSet(ElementClassification_elementClasses()).Insert(elementClass);
-}
-
-void ORXObjElementClassification::SetMembership(ORXSimPosition const& membership) const
-{
-    SetPosition(ElementClassification_membership(), membership);
-    ORXSimDSet dset(membership);
-    ORXSimCtation const& body = dset.GetCtation();
-    ORXSimContext context = Context();
-    for (int i = 0; i < body.NumCompartments(); ++i)
-    {
-        ORXSimCompartment const& compartment = body[i];
-        if (compartment.Size() < 2)
-            continue;
-        ORXSimCSet classSet = compartment[0];
-        if (classSet.Size() == 0)
-            continue;
-        ORXObjElementClass elementClass(ORXSimPosition(context.GetRecord(classSet.ID().CollectionID(), classSet[0])));
-        elementClass.SetElementCSet(compartment[1].ID());
-    }
 }
 
 ORXSimPosition ORXObjElementClassification::GetMembership() const

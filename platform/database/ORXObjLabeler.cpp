@@ -18,12 +18,16 @@ ORXObjLabeler::ORXObjLabeler(ORXSimPosition const& position, ORXObjLabelerType t
 ORXObjLabeler::~ORXObjLabeler() = default;
 
 void ORXObjLabeler::DefineInstance(ORXObjDocument const& document, ORXObjLabelerType type,
-                                   ORXString const& instance, int const* ordinals, int const* labels, int count)
+                                   ORXString const& instance, int const* ordinals, int const* labels,
+                                   int count)
 {
     ORXObjLabelerStore::Define(document.ContextID().Value(), type, instance, ordinals, labels, count);
 }
 
-void ORXObjLabeler::Read() { m_tables = ORXObjLabelerStore::Tables(m_document.ContextID().Value(), m_type); }
+void ORXObjLabeler::Read()
+{
+    m_tables = ORXObjLabelerStore::Tables(m_document.ContextID().Value(), m_type);
+}
 
 ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> ORXObjLabeler::Occurrences() const
 {
@@ -34,7 +38,10 @@ ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> ORXObjLabeler::Occurre
     return names;
 }
 
-bool ORXObjLabeler::IsInstanceValid(ORXString const& instance) const { return m_tables->Find(instance) != nullptr; }
+bool ORXObjLabeler::IsInstanceValid(ORXString const& instance) const
+{
+    return m_tables->Find(instance) != nullptr;
+}
 
 int ORXObjLabeler::GetInstanceLabel(ORXString const& instance, int ordinal) const
 {

@@ -4,7 +4,10 @@
 
 namespace
 {
-bool ByFirst(std::pair<int, int> const& a, std::pair<int, int> const& b) { return a.first < b.first; }
+bool ByFirst(std::pair<int, int> const& a, std::pair<int, int> const& b)
+{
+    return a.first < b.first;
+}
 } // namespace
 
 void ORXObjLabelerTables::Define(ORXString const& instance, int const* ordinals, int const* labels, int count)
@@ -61,8 +64,8 @@ ORXObjLabelerTables::Instance const* ORXObjLabelerTables::Find(ORXString const& 
 
 ORXObjLabelerTables::Instance const* ORXObjLabelerTables::OwnerOf(int ordinal) const
 {
-    auto found = std::lower_bound(m_ownerByOrdinal.begin(), m_ownerByOrdinal.end(), std::make_pair(ordinal, 0),
-                                  ByFirst);
+    auto found = std::lower_bound(m_ownerByOrdinal.begin(), m_ownerByOrdinal.end(),
+                                  std::make_pair(ordinal, 0), ByFirst);
     if (found == m_ownerByOrdinal.end() || found->first != ordinal)
         return nullptr;
     return &m_instances[found->second];
@@ -81,11 +84,14 @@ std::map<std::uint64_t, DocumentLabels>& Store()
     return store;
 }
 
-int Slot(int type) { return type == 0 ? 0 : 1; }
+int Slot(int type)
+{
+    return type == 0 ? 0 : 1;
+}
 } // namespace
 
-void ORXObjLabelerStore::Define(std::uint64_t context, int type, ORXString const& instance, int const* ordinals,
-                                int const* labels, int count)
+void ORXObjLabelerStore::Define(std::uint64_t context, int type, ORXString const& instance,
+                                int const* ordinals, int const* labels, int count)
 {
     auto& tables = Store()[context].tables[Slot(type)];
     if (!tables)
@@ -108,4 +114,7 @@ std::shared_ptr<ORXObjLabelerTables const> ORXObjLabelerStore::Tables(std::uint6
     return tables;
 }
 
-void ORXObjLabelerStore::Forget(std::uint64_t context) { Store().erase(context); }
+void ORXObjLabelerStore::Forget(std::uint64_t context)
+{
+    Store().erase(context);
+}

@@ -6,8 +6,14 @@
 
 namespace
 {
-int MeshedField_contents() { return vds_CoreFragmentTypeIndex(13, 71); }
-int FieldContent_drawers() { return vds_CoreFragmentTypeIndex(13, 79); }
+int MeshedField_contents()
+{
+    return vds_CoreFragmentTypeIndex(13, 71);
+}
+int FieldContent_drawers()
+{
+    return vds_CoreFragmentTypeIndex(13, 79);
+}
 // Data-record field of a meshed field that holds its grid type (field 0 holds its distribution type).
 int const gridTypeField = 1;
 } // namespace
@@ -18,7 +24,8 @@ ORXSimDistributionID ORXObjMeshedField::GetDistribution() const
     if (!own.IsNull())
         return own;
     for (ORXSimSetiterator content = GetSet(MeshedField_contents()).Begin(); content.NotDone(); ++content)
-        for (ORXSimSetiterator drawer = (*content).GetSet(FieldContent_drawers()).Begin(); drawer.NotDone(); ++drawer)
+        for (ORXSimSetiterator drawer = (*content).GetSet(FieldContent_drawers()).Begin(); drawer.NotDone();
+             ++drawer)
         {
             ORXSimDrawerID id = (*drawer).GetDrawer();
             if (!id.IsNull())
@@ -34,4 +41,7 @@ int ORXObjMeshedField::GetGridType() const
     return gridType;
 }
 
-void ORXObjMeshedField::SetGridType(int gridType) const { GetDataRecord().SetInt(gridTypeField, gridType); }
+void ORXObjMeshedField::SetGridType(int gridType) const
+{
+    GetDataRecord().SetInt(gridTypeField, gridType);
+}
