@@ -8,8 +8,9 @@
 #include "ORXSimBtreeWalk.h"
 #include "mem_Entries.h"
 
-// The null value of a value type, what a failed lookup gives. Value types with a null other than
-// the value-initialised one specialise this beside their class.
+// The null value of a value type, what a failed lookup gives: the value-initialised one, which for
+// ORXSimDynamicID is the null identity (category 0, context 0, minors -1, type -1). Value types with
+// another null specialise this beside their class.
 template <class V> struct omi_BtreeValue
 {
     static V NullValue() { return V(); }

@@ -150,3 +150,16 @@ TEST(omi_Btree, BitVectorKeysFindEqualPatterns)
     EXPECT_FALSE(drawers.IsMember(Bits({2})));
     EXPECT_EQ(drawers.Size(), 3);
 }
+
+TEST(omi_Btree, LayerDrawerTableGivesTheNullIdentityWhenMissing)
+{
+    omi_Btree<omi_BlkBitVect, ORXSimDynamicID> drawers;
+    ORXSimDynamicID const& missing = drawers.ConstGet(Bits({1}));
+    EXPECT_EQ(&missing, &drawers.GetNullValue());
+    EXPECT_EQ(missing.Category(), 0);
+    EXPECT_TRUE(missing.ContextID().IsNull());
+    EXPECT_EQ(missing.Minor1().Value(), -1);
+    EXPECT_EQ(missing.Minor2().Value(), -1);
+    EXPECT_EQ(missing.TypeID().Value(), -1);
+    EXPECT_EQ(omi_BtreeValue<ORXSimDynamicID>::NullValue(), missing);
+}
