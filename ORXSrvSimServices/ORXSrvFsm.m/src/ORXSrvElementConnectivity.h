@@ -6,7 +6,9 @@
 #include "ORXSimArray.h"
 #include "ORXSimBtree.h"
 #include "ORXSimCSet.h"
-#include "ORXSimIdentities.h"
+#include "ORXSimDSetID.h"
+#include "ORXSimDrawerID.h"
+#include "ORXSimDynamicID.h"
 #include "ORXSimPosition.h"
 #include "ORXSimTransaction.h"
 

@@ -4,7 +4,10 @@
 // elements x section layers that a DSet hangs off the mesh. Elements with the same set of layers
 // share a drawer, found by the bit pattern of that layer set.
 #include "ORXSimCSet.h"
-#include "ORXSimIdentities.h"
+#include "ORXSimCollectionID.h"
+#include "ORXSimDistributionID.h"
+#include "ORXSimDrawerID.h"
+#include "ORXSimDynamicID.h"
 #include "ORXSimPosition.h"
 #include "ORXSimTransaction.h"
 #include "mem_Entries.h"

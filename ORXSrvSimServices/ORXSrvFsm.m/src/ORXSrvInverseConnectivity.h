@@ -6,7 +6,7 @@
 // as unsigned, since a local position of 64 or more makes the word negative as an int.
 #include "ORXSimCSet.h"
 #include "ORXSimDistribution.h"
-#include "ORXSimIdentities.h"
+#include "ORXSimCSetID.h"
 #include "ORXSimPosition.h"
 
 class ORXSrvInverseConnectivity

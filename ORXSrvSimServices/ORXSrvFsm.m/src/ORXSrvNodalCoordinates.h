@@ -3,7 +3,8 @@
 // dimension 0 is the nodes and dimension 1 the coordinate components. Every call goes to the
 // database; the object holds identities only.
 #include "ORXSimCSet.h"
-#include "ORXSimIdentities.h"
+#include "ORXSimCollectionID.h"
+#include "ORXSimDistributionID.h"
 #include "ORXSimPosition.h"
 #include "ORXSimTransaction.h"
 
