@@ -56,15 +56,27 @@ void Uncount(void* pointer)
 // The wrappers keep the C library's declarations, exception specification included.
 extern "C"
 {
-    void* malloc(size_t size) noexcept { return Counted(__libc_malloc(size)); }
-    void* calloc(size_t count, size_t size) noexcept { return Counted(__libc_calloc(count, size)); }
+    void* malloc(size_t size) noexcept
+    {
+        return Counted(__libc_malloc(size));
+    }
+    void* calloc(size_t count, size_t size) noexcept
+    {
+        return Counted(__libc_calloc(count, size));
+    }
     void* realloc(void* pointer, size_t size) noexcept
     {
         Uncount(pointer);
         return Counted(__libc_realloc(pointer, size));
     }
-    void* memalign(size_t alignment, size_t size) noexcept { return Counted(__libc_memalign(alignment, size)); }
-    void* aligned_alloc(size_t alignment, size_t size) noexcept { return Counted(__libc_memalign(alignment, size)); }
+    void* memalign(size_t alignment, size_t size) noexcept
+    {
+        return Counted(__libc_memalign(alignment, size));
+    }
+    void* aligned_alloc(size_t alignment, size_t size) noexcept
+    {
+        return Counted(__libc_memalign(alignment, size));
+    }
     int posix_memalign(void** result, size_t alignment, size_t size) noexcept
     {
         *result = Counted(__libc_memalign(alignment, size));
@@ -79,7 +91,10 @@ extern "C"
 
 namespace
 {
-int MeshType(int member) { return vds_CoreFragmentTypeIndex(98, member); }
+int MeshType(int member)
+{
+    return vds_CoreFragmentTypeIndex(98, member);
+}
 
 ORXSimGrid Grid(ORXSimCollectionID const& first, ORXSimCollectionID const& second)
 {
@@ -132,7 +147,8 @@ constexpr int nodesPerAppend = coordinateNodes / coordinateAppends;
 
 std::vector<double> const& CoordinateInput()
 {
-    static std::vector<double> const input = [] {
+    static std::vector<double> const input = []
+    {
         std::vector<double> values(static_cast<std::size_t>(coordinateNodes) * 3);
         for (std::size_t i = 0; i < values.size(); ++i)
             values[i] = 0.25 * static_cast<double>(i);
@@ -156,10 +172,11 @@ void BM_CoordinatesAppendRead(benchmark::State& state)
         state.ResumeTiming();
 
         for (int i = 0; i < coordinateAppends; ++i)
-            coordinates.Append(transaction, nodes.CreateTempCSetStrided(i * nodesPerAppend, nodesPerAppend, 1, 1),
+            coordinates.Append(transaction,
+                               nodes.CreateTempCSetStrided(i * nodesPerAppend, nodesPerAppend, 1, 1),
                                components, input.data() + static_cast<std::size_t>(i) * nodesPerAppend * 3);
-        coordinates.Read(ORXSimCSet(nodes.CreateTempCSetStrided(0, coordinateNodes, 1, 1)), ORXSimCSet(components),
-                         output.data());
+        coordinates.Read(ORXSimCSet(nodes.CreateTempCSetStrided(0, coordinateNodes, 1, 1)),
+                         ORXSimCSet(components), output.data());
         benchmark::DoNotOptimize(output.data());
 
         state.PauseTiming();
@@ -197,16 +214,17 @@ constexpr int hexNodes = (blockEdge + 1) * (blockEdge + 1) * (blockEdge + 1);
 // Node indices of the 8 corners of every hexahedron of the block, element by element.
 std::vector<int> const& HexConnectivity()
 {
-    static std::vector<int> const rows = [] {
+    static std::vector<int> const rows = []
+    {
         std::vector<int> result;
         result.reserve(static_cast<std::size_t>(hexElements) * 8);
         auto node = [](int i, int j, int k) { return i + (blockEdge + 1) * (j + (blockEdge + 1) * k); };
         for (int k = 0; k < blockEdge; ++k)
             for (int j = 0; j < blockEdge; ++j)
                 for (int i = 0; i < blockEdge; ++i)
-                    for (int corner : {node(i, j, k), node(i + 1, j, k), node(i + 1, j + 1, k), node(i, j + 1, k),
-                                       node(i, j, k + 1), node(i + 1, j, k + 1), node(i + 1, j + 1, k + 1),
-                                       node(i, j + 1, k + 1)})
+                    for (int corner : {node(i, j, k), node(i + 1, j, k), node(i + 1, j + 1, k),
+                                       node(i, j + 1, k), node(i, j, k + 1), node(i + 1, j, k + 1),
+                                       node(i + 1, j + 1, k + 1), node(i, j + 1, k + 1)})
                         result.push_back(corner);
         return result;
     }();
@@ -217,7 +235,8 @@ std::vector<int> const& HexConnectivity()
 // another, so in two drawers.
 MeshDocument& HexMesh()
 {
-    static MeshDocument* const document = [] {
+    static MeshDocument* const document = []
+    {
         auto* made = new MeshDocument(hexNodes, hexElements);
         ORXSrvElementConnectivity connectivity(ORXObjMesh(made->mesh).GetConnectivity(), 100000);
         ORXSimTransaction transaction(made->doc.ContextID());
@@ -227,8 +246,8 @@ MeshDocument& HexMesh()
         for (int part = 0; part < 2; ++part)
         {
             ORXSimDynamicID kind = made->doc.Focus().CreateDataRecord(MeshType(20 + part)).ID();
-            connectivity.Append(transaction, kind, elements.CreateTempCSetStrided(part * half, half, 1, 1), locals,
-                                HexConnectivity().data() + static_cast<std::size_t>(part) * half * 8);
+            connectivity.Append(transaction, kind, elements.CreateTempCSetStrided(part * half, half, 1, 1),
+                                locals, HexConnectivity().data() + static_cast<std::size_t>(part) * half * 8);
         }
         transaction.Commit();
         return made;
@@ -258,7 +277,8 @@ void CountingInversion(std::vector<int> const& rows, CountingInverse& inverse)
     int* entries = inverse.entries.get();
     for (int e = 0; e < hexElements; ++e)
         for (int k = 0; k < 8; ++k)
-            entries[next[rows[e * 8 + k]]++] = static_cast<int>(static_cast<unsigned int>(e) | unsigned(k) << 25);
+            entries[next[rows[e * 8 + k]]++] =
+                static_cast<int>(static_cast<unsigned int>(e) | unsigned(k) << 25);
 }
 
 void BM_Invert(benchmark::State& state)

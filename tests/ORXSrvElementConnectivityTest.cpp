@@ -5,12 +5,16 @@ namespace
 class ElementConnectivity : public ::testing::Test
 {
 protected:
-    ORXSimCSetID Elements(int first, int count) { return ORXSrvMeshTestDocument::Run(mesh.elements, first, count); }
+    ORXSimCSetID Elements(int first, int count)
+    {
+        return ORXSrvMeshTestDocument::Run(mesh.elements, first, count);
+    }
     ORXSimCSetID Locals(int count) { return ORXSrvMeshTestDocument::Run(mesh.locals, 0, count); }
     // The chunk sizes of every drawer of the connectivity, in drawer order.
     std::vector<std::vector<int>> DrawerChunks()
     {
-        ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>> drawers(1, 0);
+        ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>> drawers(
+            1, 0);
         ORXSimDistribution(mesh.connectivityDistribution).QueryDrawers(drawers);
         std::vector<std::vector<int>> result;
         for (int i = 0; i < drawers.Size(); ++i)

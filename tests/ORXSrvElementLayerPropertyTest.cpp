@@ -22,26 +22,31 @@ protected:
     // Made on the heap, as hosts hold it, through the class's own allocation operators.
     std::unique_ptr<ORXSrvElementLayerProperty> Make()
     {
-        return std::make_unique<ORXSrvElementLayerProperty>(mesh.focus, properties, MeshTestType(43), relationMember, relationKey,
-                                              16);
+        return std::make_unique<ORXSrvElementLayerProperty>(mesh.focus, properties, MeshTestType(43),
+                                                            relationMember, relationKey, 16);
     }
     ORXSimCSetID Elements(std::vector<int> const& members)
     {
         return ORXSrvMeshTestDocument::Ascending(mesh.elements, members);
     }
-    ORXSimCSetID Layers(std::vector<int> const& members) { return ORXSrvMeshTestDocument::Ascending(layers, members); }
+    ORXSimCSetID Layers(std::vector<int> const& members)
+    {
+        return ORXSrvMeshTestDocument::Ascending(layers, members);
+    }
     ORXSimDynamicID Property(int index) { return mesh.focus.Context().GetRecord(properties, index); }
     ORXSimPosition Related() { return mesh.mesh.Follow(relationMember, relationKey); }
     int DrawerCount()
     {
-        return ORXSrvMeshTestDocument::DrawerCount(ORXSimDSet(Related().GetDSet()).GetRelationalDistributionID());
+        return ORXSrvMeshTestDocument::DrawerCount(
+            ORXSimDSet(Related().GetDSet()).GetRelationalDistributionID());
     }
     std::vector<int> Lookup(ORXSrvElementLayerProperty const& property, std::vector<int> const& elements,
                             std::vector<int> const& layerMembers)
     {
         std::vector<int> values(elements.size() * layerMembers.size(), -1);
-        EXPECT_EQ(property.Lookup(ORXSimCSet(Elements(elements)), ORXSimCSet(Layers(layerMembers)), values.data()),
-                  static_cast<int>(values.size()));
+        EXPECT_EQ(
+            property.Lookup(ORXSimCSet(Elements(elements)), ORXSimCSet(Layers(layerMembers)), values.data()),
+            static_cast<int>(values.size()));
         return values;
     }
 

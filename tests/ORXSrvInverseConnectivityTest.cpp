@@ -5,7 +5,7 @@
 namespace
 {
 using Entry = std::pair<unsigned int, unsigned int>; // element index, local position
-using Inverse = std::vector<std::vector<Entry>>;      // by node index
+using Inverse = std::vector<std::vector<Entry>>;     // by node index
 
 // The result of an inversion, unpacked node by node; the words are read as unsigned.
 Inverse Unpack(ORXSrvInverseConnectivity const& inverse, int nodeCount)
@@ -40,7 +40,8 @@ class InverseConnectivity : public ::testing::Test
 protected:
     void SetUp() override
     {
-        AddDrawer(mesh, mesh.focus.CreateDataRecord(MeshTestType(20)).ID(), {0, 2}, 4, {0, 1, 4, 3, 1, 2, 5, 4});
+        AddDrawer(mesh, mesh.focus.CreateDataRecord(MeshTestType(20)).ID(), {0, 2}, 4,
+                  {0, 1, 4, 3, 1, 2, 5, 4});
         AddDrawer(mesh, mesh.focus.CreateDataRecord(MeshTestType(21)).ID(), {1, 3}, 3, {3, 4, 6, 4, 4, 7});
     }
 
@@ -86,7 +87,10 @@ TEST_F(InverseConnectivity, RefusesANonAscendingSelection)
 {
     RecordedAssertions reports;
     inverse.Invert();
-    EXPECT_EQ(AssertionText([&] { inverse.Invert(ORXSrvMeshTestDocument::Ordered(mesh.elements, {3, 1})); }),
+    EXPECT_EQ(AssertionText(
+                  [&] {
+                      inverse.Invert(ORXSrvMeshTestDocument::Ordered(mesh.elements, {3, 1}));
+                  }),
               "elset.IsAscending() || elset.Size() == 0");
     EXPECT_EQ(inverse.GetCount(), 0);
     // The object stays usable.

@@ -10,7 +10,10 @@
 #include <string>
 #include <vector>
 
-inline int MeshTestType(int member) { return vds_CoreFragmentTypeIndex(99, member); }
+inline int MeshTestType(int member)
+{
+    return vds_CoreFragmentTypeIndex(99, member);
+}
 
 struct ORXSrvMeshTestDocument
 {
@@ -35,7 +38,8 @@ struct ORXSrvMeshTestDocument
 
         connectivityDistribution = focus.CreateTypedDistribution(Grid(elements, locals), MeshTestType(8),
                                                                  ORXSimRangeType(ORXSimTypeKey(7), nodes));
-        connectivity = focus.Context().CreateDSet(connectivityDistribution, focus.Context().Schema().TypeID(MeshTestType(9)));
+        connectivity = focus.Context().CreateDSet(connectivityDistribution,
+                                                  focus.Context().Schema().TypeID(MeshTestType(9)));
         meshObject.SetConnectivity(ORXSimPosition(connectivity));
     }
 
@@ -54,11 +58,13 @@ struct ORXSrvMeshTestDocument
     }
     static ORXSimCSetID Ascending(ORXSimCollectionID const& collection, std::vector<int> const& members)
     {
-        return ORXSimCollection(collection).CreateTempCSet(members.data(), static_cast<int>(members.size()), false);
+        return ORXSimCollection(collection)
+            .CreateTempCSet(members.data(), static_cast<int>(members.size()), false);
     }
     static ORXSimCSetID Ordered(ORXSimCollectionID const& collection, std::vector<int> const& members)
     {
-        return ORXSimCollection(collection).CreateTempOrderedCSet(members.data(), static_cast<int>(members.size()));
+        return ORXSimCollection(collection)
+            .CreateTempOrderedCSet(members.data(), static_cast<int>(members.size()));
     }
     static std::vector<int> Members(ORXSimCSet const& set)
     {
@@ -68,7 +74,8 @@ struct ORXSrvMeshTestDocument
     }
     static int DrawerCount(ORXSimDistributionID const& distribution)
     {
-        ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>> drawers(1, 0);
+        ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>> drawers(
+            1, 0);
         ORXSimDistribution(distribution).QueryDrawers(drawers);
         return drawers.Size();
     }
@@ -87,8 +94,7 @@ struct ORXSrvMeshTestDocument
 };
 
 // Runs body and gives the condition text of the ORXBasAssertException it raises, or "" if none.
-template <class Body>
-std::string AssertionText(Body body)
+template <class Body> std::string AssertionText(Body body)
 {
     try
     {
@@ -106,7 +112,10 @@ std::string AssertionText(Body body)
 class RecordedAssertions
 {
 public:
-    RecordedAssertions() : m_previous(ORXSimUttAssert::SetAssertionFailureHandler(&Record)) { Reports().clear(); }
+    RecordedAssertions() : m_previous(ORXSimUttAssert::SetAssertionFailureHandler(&Record))
+    {
+        Reports().clear();
+    }
     ~RecordedAssertions() { ORXSimUttAssert::SetAssertionFailureHandler(m_previous); }
     RecordedAssertions(RecordedAssertions const&) = delete;
     RecordedAssertions& operator=(RecordedAssertions const&) = delete;

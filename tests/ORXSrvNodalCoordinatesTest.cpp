@@ -3,7 +3,10 @@
 namespace
 {
 // Coordinate c of node n in the test data.
-double Coordinate(int node, int component) { return node * 10.0 + component + 0.5; }
+double Coordinate(int node, int component)
+{
+    return node * 10.0 + component + 0.5;
+}
 
 std::vector<double> Rows(std::vector<int> const& nodes, int componentCount)
 {
@@ -29,8 +32,8 @@ TEST_F(NodalCoordinates, AppendsAndReadsInTheCallersOrder)
     std::vector<int> order{3, 1, 0, 2};
     std::vector<double> data = Rows(order, 3);
     ORXSimTransaction transaction(mesh.doc.ContextID());
-    EXPECT_EQ(coordinates.Append(transaction, ORXSrvMeshTestDocument::Ordered(mesh.nodes, order), allComponents,
-                                 data.data()),
+    EXPECT_EQ(coordinates.Append(transaction, ORXSrvMeshTestDocument::Ordered(mesh.nodes, order),
+                                 allComponents, data.data()),
               4 * 3 * 8);
     transaction.Commit();
 
@@ -38,8 +41,8 @@ TEST_F(NodalCoordinates, AppendsAndReadsInTheCallersOrder)
     EXPECT_EQ(coordinates.NumberComponents(), 3);
 
     std::vector<double> all(12, -1.0);
-    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 4)), ORXSimCSet(allComponents),
-                               all.data()),
+    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 4)),
+                               ORXSimCSet(allComponents), all.data()),
               0);
     EXPECT_EQ(all, Rows({0, 1, 2, 3}, 3));
 
@@ -48,7 +51,8 @@ TEST_F(NodalCoordinates, AppendsAndReadsInTheCallersOrder)
     ORXSimCSet someNodes(ORXSrvMeshTestDocument::Ordered(mesh.nodes, {2, 0}));
     ORXSimCSet lastComponents(ORXSrvMeshTestDocument::Run(mesh.components, 1, 2));
     EXPECT_EQ(coordinates.Read(someNodes, lastComponents, part.data()), 0);
-    EXPECT_EQ(part, (std::vector<double>{Coordinate(2, 1), Coordinate(2, 2), Coordinate(0, 1), Coordinate(0, 2)}));
+    EXPECT_EQ(part,
+              (std::vector<double>{Coordinate(2, 1), Coordinate(2, 2), Coordinate(0, 1), Coordinate(0, 2)}));
 }
 
 TEST_F(NodalCoordinates, DisjointAppendsExtendOneDrawer)
@@ -56,7 +60,8 @@ TEST_F(NodalCoordinates, DisjointAppendsExtendOneDrawer)
     ORXSimTransaction transaction(mesh.doc.ContextID());
     std::vector<double> first = Rows({0, 1, 2, 3, 4}, 3);
     std::vector<double> second = Rows({9, 7, 8}, 3);
-    coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 5), allComponents, first.data());
+    coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 5), allComponents,
+                       first.data());
     EXPECT_EQ(coordinates.Append(transaction, ORXSrvMeshTestDocument::Ordered(mesh.nodes, {9, 7, 8}),
                                  allComponents, second.data()),
               3 * 3 * 8);
@@ -64,11 +69,12 @@ TEST_F(NodalCoordinates, DisjointAppendsExtendOneDrawer)
 
     EXPECT_EQ(ORXSrvMeshTestDocument::DrawerCount(mesh.coordinates), 1);
     EXPECT_EQ(coordinates.NumberNodes(), 8);
-    EXPECT_EQ(ORXSrvMeshTestDocument::Members(coordinates.Nodes()), (std::vector<int>{0, 1, 2, 3, 4, 7, 8, 9}));
+    EXPECT_EQ(ORXSrvMeshTestDocument::Members(coordinates.Nodes()),
+              (std::vector<int>{0, 1, 2, 3, 4, 7, 8, 9}));
 
     std::vector<double> rows(2 * 3);
-    coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Ascending(mesh.nodes, {4, 9})), ORXSimCSet(allComponents),
-                     rows.data());
+    coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Ascending(mesh.nodes, {4, 9})),
+                     ORXSimCSet(allComponents), rows.data());
     EXPECT_EQ(rows, Rows({4, 9}, 3));
 }
 
@@ -76,10 +82,11 @@ TEST_F(NodalCoordinates, EmptyReadReturnsZeroAndLeavesTheBuffer)
 {
     ORXSimTransaction transaction(mesh.doc.ContextID());
     std::vector<double> data = Rows({0, 1}, 3);
-    coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 2), allComponents, data.data());
+    coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 2), allComponents,
+                       data.data());
     double untouched = 7.0;
-    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 0)), ORXSimCSet(allComponents),
-                               &untouched),
+    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 0)),
+                               ORXSimCSet(allComponents), &untouched),
               0);
     EXPECT_EQ(untouched, 7.0);
 }
@@ -88,10 +95,12 @@ TEST_F(NodalCoordinates, RefusesASingleComponentAndASecondDrawer)
 {
     ORXSimTransaction transaction(mesh.doc.ContextID());
     double one[2] = {1.0, 2.0};
-    EXPECT_EQ(AssertionText([&] {
-                  coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 2),
-                                     ORXSrvMeshTestDocument::Run(mesh.components, 0, 1), one);
-              }),
+    EXPECT_EQ(AssertionText(
+                  [&]
+                  {
+                      coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 2),
+                                         ORXSrvMeshTestDocument::Run(mesh.components, 0, 1), one);
+                  }),
               "chunks[1] > 1");
     EXPECT_EQ(ORXSrvMeshTestDocument::DrawerCount(mesh.coordinates), 0);
     // The report comes first, with the module path of the class.
@@ -114,10 +123,12 @@ TEST_F(NodalCoordinates, RefusesASingleComponentAndASecondDrawer)
     EXPECT_EQ(ORXSrvMeshTestDocument::Members(coordinates.Nodes()), (std::vector<int>{0, 1, 5, 6}));
     EXPECT_EQ(coordinates.NumberComponents(), 3);
     std::vector<double> data = Rows({2}, 3);
-    EXPECT_EQ(AssertionText([&] {
-                  coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 2, 1), allComponents,
-                                     data.data());
-              }),
+    EXPECT_EQ(AssertionText(
+                  [&]
+                  {
+                      coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 2, 1),
+                                         allComponents, data.data());
+                  }),
               "numDrawers < 2");
 }
 
@@ -135,7 +146,8 @@ TEST_F(NodalCoordinates, DefaultObjectFailsEveryOperation)
     std::vector<double> buffer(3);
     char const* text = "m_distributionID.IsNull() == false";
     EXPECT_EQ(AssertionText([&] { empty.Read(nodes, ORXSimCSet(allComponents), buffer.data()); }), text);
-    EXPECT_EQ(AssertionText([&] { empty.Append(transaction, nodes.ID(), allComponents, buffer.data()); }), text);
+    EXPECT_EQ(AssertionText([&] { empty.Append(transaction, nodes.ID(), allComponents, buffer.data()); }),
+              text);
     EXPECT_EQ(AssertionText([&] { empty.Nodes(); }), text);
     EXPECT_EQ(AssertionText([&] { empty.Components(); }), text);
     EXPECT_EQ(AssertionText([&] { empty.NumberNodes(); }), text);

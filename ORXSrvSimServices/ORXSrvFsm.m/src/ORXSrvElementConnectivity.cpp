@@ -36,7 +36,8 @@ int ORXSrvElementConnectivity::Read(ORXSimCSet const& elements, ORXSimCSet const
 }
 
 int ORXSrvElementConnectivity::Append(ORXSimTransaction& transaction, ORXSimDynamicID const& kind,
-                                      ORXSimCSetID const& elements, ORXSimCSetID const& locals, int const* data)
+                                      ORXSimCSetID const& elements, ORXSimCSetID const& locals,
+                                      int const* data)
 {
     ORXSimDSet connectivity(m_connectivityID);
     ORXSimDistributionID rdistribution = connectivity.GetRelationalDistributionID();

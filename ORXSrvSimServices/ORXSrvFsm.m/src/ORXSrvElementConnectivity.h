@@ -18,7 +18,8 @@ public:
     // An empty object: no drawers, a null connectivity DSet.
     ORXSrvElementConnectivity();
     // Chunk sizes by kind; a kind that is missing has no default and cannot be appended.
-    ORXSrvElementConnectivity(ORXSimPosition const& position, ORXSimBtree<ORXSimDynamicID, int> const& chunkSizes);
+    ORXSrvElementConnectivity(ORXSimPosition const& position,
+                              ORXSimBtree<ORXSimDynamicID, int> const& chunkSizes);
     // One chunk size, in elements, for every kind.
     ORXSrvElementConnectivity(ORXSimPosition const& position, int chunkSize);
 

@@ -3,6 +3,7 @@
 #include "ORXObjMesh.h"
 #include "ORXObjModel.h"
 #include "ORXSimArray.h"
+#include "ORXSimAssociation.h"
 #include "ORXSimContext.h"
 #include "ORXSimDSet.h"
 #include "ORXSimDistribution.h"
@@ -15,13 +16,15 @@
 
 namespace
 {
-using DrawerDescArray = ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
+using DrawerDescArray =
+    ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
 using IntArray = ORXSimArray<int, ORXSimArrayBuiltinPolicy<int>>;
 } // namespace
 
 ORXSrvElementLayerProperty::ORXSrvElementLayerProperty(ORXSimPosition const& position,
-                                                       ORXSimCollectionID const& propertyCollection, int dsetType,
-                                                       int relationMember, int relationKey, int chunkSize)
+                                                       ORXSimCollectionID const& propertyCollection,
+                                                       int dsetType, int relationMember, int relationKey,
+                                                       int chunkSize)
     : m_position(position), m_propertyCollection(propertyCollection), m_dsetType(dsetType),
       m_relationMember(relationMember), m_relationKey(relationKey), m_chunkSize(chunkSize)
 {

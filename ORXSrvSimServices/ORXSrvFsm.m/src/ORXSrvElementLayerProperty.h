@@ -38,7 +38,8 @@ public:
     virtual int Lookup(ORXSimCSet const& elset, ORXSimCSet const& layers, int* buffer) const;
 
 private:
-    ORXSimDistributionID CreateDistribution(ORXSimCollectionID const& elements, ORXSimCollectionID const& layers);
+    ORXSimDistributionID CreateDistribution(ORXSimCollectionID const& elements,
+                                            ORXSimCollectionID const& layers);
     ORXSimDrawerID CreateDrawer(ORXSimCSetID const& elset, ORXSimCSetID const& layers);
     // The mesh of the model of m_position.
     ORXSimPosition Mesh() const;

@@ -13,7 +13,8 @@
 
 namespace
 {
-using DrawerDescArray = ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
+using DrawerDescArray =
+    ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
 using CSetIDArray = ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>>;
 
 constexpr unsigned int elementMask = 0x1ffffff;
@@ -45,7 +46,10 @@ ORXSrvInverseConnectivity::ORXSrvInverseConnectivity(ORXSimPosition const& mesh)
 {
 }
 
-ORXSrvInverseConnectivity::~ORXSrvInverseConnectivity() { ReleaseResult(); }
+ORXSrvInverseConnectivity::~ORXSrvInverseConnectivity()
+{
+    ReleaseResult();
+}
 
 void ORXSrvInverseConnectivity::Invert()
 {
@@ -95,8 +99,9 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
     {
         ORXSimOCompartment const& domain = drawers[i].Domain();
         rows.Get(i) = elset ? SelectedElements(*elset, domain.CSet(0)) : domain.CSet(0).ID();
-        blocks[i] = rows[i].IsNull() ? nullptr
-                                     : ReadConnectivityBlockAndCount(distribution, rows[i], domain.CSet(1).ID());
+        blocks[i] = rows[i].IsNull()
+                        ? nullptr
+                        : ReadConnectivityBlockAndCount(distribution, rows[i], domain.CSet(1).ID());
     }
 
     int* fill = static_cast<int*>(mem_Malloc(nn * sizeof(int)));
@@ -188,7 +193,8 @@ void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSi
         {
             int n = row[k];
             // Bits 25 to 31 keep the low 7 bits of the local position.
-            entries[offsets[n] + fill[n]] = static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
+            entries[offsets[n] + fill[n]] =
+                static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
             ++fill[n];
         }
     }

@@ -5,8 +5,8 @@
 // An entry packs the element index in bits 0 to 24 and the local position in bits 25 to 31; read it
 // as unsigned, since a local position of 64 or more makes the word negative as an int.
 #include "ORXSimCSet.h"
-#include "ORXSimDistribution.h"
 #include "ORXSimCSetID.h"
+#include "ORXSimDistribution.h"
 #include "ORXSimPosition.h"
 
 class ORXSrvInverseConnectivity

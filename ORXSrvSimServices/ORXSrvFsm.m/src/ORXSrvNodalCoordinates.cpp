@@ -13,7 +13,8 @@
 
 namespace
 {
-using DrawerDescArray = ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
+using DrawerDescArray =
+    ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
 }
 
 ORXSrvNodalCoordinates::ORXSrvNodalCoordinates() : m_chunkSize(0) {}
@@ -48,8 +49,8 @@ int ORXSrvNodalCoordinates::Read(ORXSimCSet const& nodes, ORXSimCSet const& comp
     return 0;
 }
 
-int ORXSrvNodalCoordinates::Append(ORXSimTransaction&, ORXSimCSetID const& nodes, ORXSimCSetID const& componentSet,
-                                   double const* data)
+int ORXSrvNodalCoordinates::Append(ORXSimTransaction&, ORXSimCSetID const& nodes,
+                                   ORXSimCSetID const& componentSet, double const* data)
 {
     ORXSrvAssert(m_distributionID.IsNull() == false);
     ORXSimCSet nodeSet(nodes);
@@ -95,13 +96,25 @@ int ORXSrvNodalCoordinates::Append(ORXSimTransaction&, ORXSimCSetID const& nodes
     return static_cast<int>(len);
 }
 
-ORXSimCSet ORXSrvNodalCoordinates::Nodes() const { return DrawerDimensionUnion(true); }
+ORXSimCSet ORXSrvNodalCoordinates::Nodes() const
+{
+    return DrawerDimensionUnion(true);
+}
 
-ORXSimCSet ORXSrvNodalCoordinates::Components() const { return DrawerDimensionUnion(false); }
+ORXSimCSet ORXSrvNodalCoordinates::Components() const
+{
+    return DrawerDimensionUnion(false);
+}
 
-int ORXSrvNodalCoordinates::NumberNodes() const { return Nodes().Size(); }
+int ORXSrvNodalCoordinates::NumberNodes() const
+{
+    return Nodes().Size();
+}
 
-int ORXSrvNodalCoordinates::NumberComponents() const { return Components().Size(); }
+int ORXSrvNodalCoordinates::NumberComponents() const
+{
+    return Components().Size();
+}
 
 ORXSimCSet ORXSrvNodalCoordinates::DrawerDimensionUnion(bool nodeDimension) const
 {
