@@ -3,11 +3,13 @@
 
 set(ORXSRV_PUBLIC_HEADERS "" CACHE INTERNAL "")
 
-# orxsrv_add_library(<name> DIRS <dir>... [LINKS <target>...] [MODULE_PATHS])
+# orxsrv_add_library(<name> DIRS <dir>... [LINKS <target>...] [MODULE_PATHS] [LINK_LAST <source>])
 # Builds every .cpp of the folders into one shared library. With MODULE_PATHS each source gets
 # ORXSRV_MODULE_PATH, the module path ("<folder>/<Class>") that its failure reports name.
+# LINK_LAST (a path below the project folder) puts that source last on the link line, so that its
+# load-time initialisers run after those of every other source of the library.
 function(orxsrv_add_library name)
-  cmake_parse_arguments(ARG "MODULE_PATHS" "" "DIRS;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "MODULE_PATHS" "LINK_LAST" "DIRS;LINKS" ${ARGN})
   set(sources "")
   set(headers "")
   foreach(dir IN LISTS ARG_DIRS)
@@ -22,6 +24,14 @@ function(orxsrv_add_library name)
       endforeach()
     endif()
   endforeach()
+  if(ARG_LINK_LAST)
+    set(last "${PROJECT_SOURCE_DIR}/${ARG_LINK_LAST}")
+    if(NOT last IN_LIST sources)
+      message(FATAL_ERROR "LINK_LAST source ${ARG_LINK_LAST} is not a source of ${name}")
+    endif()
+    list(REMOVE_ITEM sources "${last}")
+    list(APPEND sources "${last}")
+  endif()
   if(name STREQUAL "ORXBasBase")
     file(GLOB interface_headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/interfaces/*.h")
     list(APPEND headers ${interface_headers})
@@ -38,7 +48,10 @@ function(orxsrv_add_library name)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS})
   endif()
   target_compile_features(${name} PUBLIC cxx_std_20)
-  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  # Installed side by side, the libraries find each other through their own folder: a host's RUNPATH
+  # covers only the libraries it links directly.
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH "$ORIGIN")
   set(ORXSRV_PUBLIC_HEADERS "${ORXSRV_PUBLIC_HEADERS};${headers}" CACHE INTERNAL "")
 endfunction()
 

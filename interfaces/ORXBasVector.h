@@ -5,6 +5,7 @@
 #include "ORXBasVectorGeneric.h"
 
 #include <cstddef>
+#include <new>
 
 template <class T> class ORXBasVector
 {
@@ -62,7 +63,16 @@ public:
     }
     void resize(std::size_t count, T const& value) { m_core.Resize(count, &value); }
     void clear() { m_core.Resize(0, nullptr); }
-    void push_back(T const& value) { m_core.PushBack(&value); }
+    void push_back(T const& value)
+    {
+        if (void* slot = m_core.FreeSlot())
+        {
+            ::new (slot) T(value);
+            m_core.CommitSlot();
+        }
+        else
+            m_core.PushBack(&value);
+    }
     void swap(ORXBasVector& other) { m_core.swap(other.m_core); }
 
 private:

@@ -41,6 +41,10 @@ public:
     std::size_t Size() const { return ByteDistance(m_start, m_finish) / m_replicator.m_elementSize; }
     void* Begin() const { return m_start; }
     void* End() const { return m_finish; }
+    // Raw memory for one more element when the capacity allows, else null; after constructing the
+    // element there, CommitSlot() counts it. Lets typed shells append without a call into the core.
+    void* FreeSlot() const { return m_finish != m_endOfStorage ? m_finish : nullptr; }
+    void CommitSlot() { m_finish += m_replicator.m_elementSize; }
 
     // Destroys count elements from first on, if the element type needs destruction.
     void Destroy(void* first, std::size_t count);

@@ -8,18 +8,15 @@
 #include <new>
 #include <type_traits>
 
-template <class T>
-struct ORXSimArrayBuiltinPolicy
+template <class T> struct ORXSimArrayBuiltinPolicy
 {
     static constexpr bool bitwise = true;
 };
-template <class T>
-struct ORXSimArrayCopyClassPolicy
+template <class T> struct ORXSimArrayCopyClassPolicy
 {
     static constexpr bool bitwise = std::is_trivially_copyable_v<T>;
 };
-template <class T>
-struct ORXSimArrayClassPolicy
+template <class T> struct ORXSimArrayClassPolicy
 {
     static constexpr bool bitwise = false;
 };
@@ -28,14 +25,11 @@ template <class T>
 using ORXSimArrayDefaultPolicy =
     std::conditional_t<std::is_arithmetic_v<T>, ORXSimArrayBuiltinPolicy<T>, ORXSimArrayClassPolicy<T>>;
 
-template <class T, class Policy = ORXSimArrayDefaultPolicy<T>>
-class ORXSimArray;
+template <class T, class Policy = ORXSimArrayDefaultPolicy<T>> class ORXSimArray;
 
-template <class T, class Policy>
-T* ORXSimArrayPointer(ORXSimArray<T, Policy> const& array);
+template <class T, class Policy> T* ORXSimArrayPointer(ORXSimArray<T, Policy> const& array);
 
-template <class T, class Policy>
-class ORXSimArray
+template <class T, class Policy> class ORXSimArray
 {
 public:
     // size value-initialised elements; the second argument is unused and always 0.
@@ -58,11 +52,23 @@ public:
     T const& operator[](int index) const { return m_data[index]; }
     T& operator[](int index) { return m_data[index]; }
 
-    // Grows with value-initialised elements or shrinks, keeping the leading elements.
+    // Grows with value-initialised elements or shrinks, keeping the leading elements. A policy with
+    // keepsFirstWhenEmptied leaves element 0 readable (not destroyed) when the size drops to 0, for
+    // callers that read element 0 without testing the size; it goes at the next change.
     void SetSize(int size)
     {
         if (size < 0)
             size = 0;
+        DropKeptFirst();
+        if constexpr (KeepsFirst())
+            if (size == 0 && m_size > 0)
+            {
+                for (int i = 1; i < m_size; ++i)
+                    m_data[i].~T();
+                m_size = 0;
+                m_firstKept = true;
+                return;
+            }
         if (size > m_capacity)
             Reserve(size > 2 * m_capacity ? size : 2 * m_capacity);
         for (int i = m_size; i < size; ++i)
@@ -74,6 +80,7 @@ public:
 
     void PushBack(T const& value)
     {
+        DropKeptFirst();
         if (m_size == m_capacity)
         {
             T copy(value); // value may live in this array
@@ -86,6 +93,22 @@ public:
     }
 
 private:
+    static constexpr bool KeepsFirst()
+    {
+        if constexpr (requires { Policy::keepsFirstWhenEmptied; })
+            return Policy::keepsFirstWhenEmptied;
+        else
+            return false;
+    }
+    void DropKeptFirst()
+    {
+        if (m_firstKept)
+        {
+            m_data[0].~T();
+            m_firstKept = false;
+        }
+    }
+
     friend T* ORXSimArrayPointer<T, Policy>(ORXSimArray const& array);
     T* Ptr() const { return m_data; }
 
@@ -125,6 +148,7 @@ private:
 
     void Clear()
     {
+        DropKeptFirst();
         if constexpr (!std::is_trivially_destructible_v<T>)
             for (int i = 0; i < m_size; ++i)
                 m_data[i].~T();
@@ -137,11 +161,11 @@ private:
     T* m_data = nullptr;
     int m_size = 0;
     int m_capacity = 0;
+    bool m_firstKept = false;
 };
 
 // The contiguous storage of an array.
-template <class T, class Policy>
-T* ORXSimArrayPointer(ORXSimArray<T, Policy> const& array)
+template <class T, class Policy> T* ORXSimArrayPointer(ORXSimArray<T, Policy> const& array)
 {
     return array.Ptr();
 }

@@ -22,12 +22,22 @@ protected:
     static void Delete(atr_StringRep* rep);
 };
 
-// One character of a string: its Unicode code point; converts to char (the low byte).
+// One character of a string: its Unicode code point. It converts to char as itself when ASCII and
+// otherwise as the lead byte of its UTF-8 form, so that no other character compares equal to an
+// ASCII one.
 class ORXChar
 {
 public:
     explicit ORXChar(unsigned int codePoint = 0) : m_codePoint(codePoint) {}
-    operator char() const { return static_cast<char>(m_codePoint); }
+    operator char() const
+    {
+        if (m_codePoint < 0x80u)
+            return static_cast<char>(m_codePoint);
+        unsigned int lead = m_codePoint < 0x800u     ? 0xC0u | (m_codePoint >> 6)
+                            : m_codePoint < 0x10000u ? 0xE0u | (m_codePoint >> 12)
+                                                     : 0xF0u | (m_codePoint >> 18);
+        return static_cast<char>(lead);
+    }
     unsigned int CodePoint() const { return m_codePoint; }
 
 private:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 TEST(ORXBasVector, GrowsResizesAndCopiesPlainValues)
@@ -188,4 +189,125 @@ TEST(ORXBasMap, StringKeysAndValuesReleaseTheirReferences)
     }
     EXPECT_EQ(key.UseCount(), 1);
     EXPECT_EQ(value.UseCount(), 1);
+}
+
+namespace
+{
+// Counts live objects; a base with a virtual destructor, as shared holders of a base class need.
+struct Tracked
+{
+    explicit Tracked(int* live) : m_live(live) { ++*m_live; }
+    virtual ~Tracked() { --*m_live; }
+    int* m_live;
+};
+struct Padding
+{
+    double m_extra[3] = {};
+    virtual ~Padding() = default;
+};
+// Its Tracked part does not begin its block: releasing through a Tracked holder must still free
+// the whole block.
+struct TrackedDerived : Padding, Tracked
+{
+    explicit TrackedDerived(int* live) : Tracked(live) {}
+};
+} // namespace
+
+TEST(ORXBasSharedPtr, LastStrongReleaseDestroysAndWeakHoldersKeepTheCounter)
+{
+    int live = 0;
+    ORXBasWeakPtr<Tracked> watcher;
+    {
+        ORXBasSharedPtr<Tracked> first = ORXBasMakeShared<Tracked>(&live);
+        ORXBasSharedPtr<Tracked> second(first);
+        watcher = ORXBasWeakPtr<Tracked>(second);
+        EXPECT_EQ(first.use_count(), 2);
+        EXPECT_EQ(live, 1);
+        first.Disconnect();
+        EXPECT_FALSE(first);
+        EXPECT_EQ(live, 1);
+        EXPECT_FALSE(watcher.expired());
+        ORXBasSharedPtr<Tracked> locked = watcher.lock();
+        EXPECT_EQ(locked.get(), second.get());
+        EXPECT_EQ(second.use_count(), 2);
+    }
+    // The object went with the last strong holder; the counter lives on for the watcher (the
+    // sanitizer build checks that it is neither used after release nor leaked).
+    EXPECT_EQ(live, 0);
+    EXPECT_TRUE(watcher.expired());
+    EXPECT_FALSE(watcher.lock());
+    ORXBasWeakPtr<Tracked> copy(watcher);
+    EXPECT_TRUE(copy.expired());
+}
+
+TEST(ORXBasSharedPtr, HoldersOfABaseReleaseTheWholeObject)
+{
+    int live = 0;
+    {
+        ORXBasSharedPtr<Tracked> base;
+        {
+            ORXBasSharedPtr<TrackedDerived> derived = ORXBasMakeShared<TrackedDerived>(&live);
+            base = derived;
+            EXPECT_EQ(base.use_count(), 2);
+        }
+        EXPECT_EQ(live, 1);
+        ORXBasSharedPtr<Tracked> moved(static_cast<ORXBasSharedPtr<Tracked>&&>(base));
+        EXPECT_EQ(moved.use_count(), 1);
+        EXPECT_FALSE(base);
+    }
+    EXPECT_EQ(live, 0);
+
+    void* block = mem_OperatorNewThrow(sizeof(Tracked));
+    ORXBasSharedPtr<Tracked> placed(new (block, ORXBasPlacement()) Tracked(&live));
+    EXPECT_EQ(live, 1);
+    placed.reset();
+    EXPECT_EQ(live, 0);
+    ORXBasSharedPtr<Tracked> empty(nullptr);
+    EXPECT_EQ(empty.use_count(), 0);
+
+    int first = 1, second = 2;
+    int* a = &first;
+    int* b = &second;
+    ORXBasSwap(a, b);
+    EXPECT_EQ(*a, 2);
+    EXPECT_EQ(*b, 1);
+}
+
+TEST(cow_String, SharesTextAndAssignsFromFixedStrings)
+{
+    cow_String empty;
+    EXPECT_STREQ(empty.CStr(), "");
+    EXPECT_EQ(empty.Length(), 0);
+    cow_String text;
+    text = omn_FixedString("fixed");
+    cow_String copy(text);
+    EXPECT_EQ(copy.CStr(), text.CStr());
+    EXPECT_EQ(copy.Length(), 5);
+    copy = omn_FixedString(nullptr);
+    EXPECT_STREQ(copy.CStr(), "");
+    EXPECT_STREQ(text.CStr(), "fixed");
+    EXPECT_TRUE(text == cow_String("fixed"));
+    EXPECT_FALSE(text == copy);
+    copy = text;
+    EXPECT_TRUE(copy == text);
+}
+
+namespace
+{
+struct CaptureSink : aio_ostreamSink
+{
+    void Write(char const* bytes, int count) override { text.append(bytes, static_cast<std::size_t>(count)); }
+    void Flush() override { text += "|"; }
+    std::string text;
+};
+} // namespace
+
+TEST(aio_ostream, WritesTextNumbersAndLinesToTheSink)
+{
+    CaptureSink sink;
+    aio_ostreamSink* previous = aio_cout.SetSink(&sink);
+    aio_cout << "BeginAttempt " << 3 << endl;
+    aio_cout.print("x").print_int(-7).put('y').print(nullptr).flush();
+    EXPECT_EQ(aio_cout.SetSink(previous), &sink);
+    EXPECT_EQ(sink.text, "BeginAttempt 3\n|x-7y|");
 }

@@ -2,6 +2,7 @@
 
 #include "mem_Entries.h"
 
+#include <climits>
 #include <cstdio>
 #include <cstring>
 
@@ -9,7 +10,16 @@ namespace
 {
 char g_emptyText[1] = {0};
 
-bool IsContinuationByte(unsigned char byte) { return (byte & 0xC0u) == 0x80u; }
+bool IsContinuationByte(unsigned char byte)
+{
+    return (byte & 0xC0u) == 0x80u;
+}
+
+// start + count for a non-negative start and count, held at INT_MAX instead of overflowing.
+int EndOfRange(int start, int count)
+{
+    return count > INT_MAX - start ? INT_MAX : start + count;
+}
 
 bool AllAscii(char const* bytes, int count)
 {
@@ -20,15 +30,25 @@ bool AllAscii(char const* bytes, int count)
 }
 } // namespace
 
-void atr_StringBase::Delete(atr_StringRep* rep) { mem_Free(rep); }
+void atr_StringBase::Delete(atr_StringRep* rep)
+{
+    mem_Free(rep);
+}
 
 ORXString::ORXString() : m_data(g_emptyText), m_rep(nullptr), m_isAscii(true) {}
 
-ORXString::ORXString(char const* text) : ORXString() { BuildFromUTF8(text); }
+ORXString::ORXString(char const* text) : ORXString()
+{
+    BuildFromUTF8(text);
+}
 
-ORXString::ORXString(char const* bytes, int byteCount) : ORXString() { BuildFromUTF8(bytes, byteCount); }
+ORXString::ORXString(char const* bytes, int byteCount) : ORXString()
+{
+    BuildFromUTF8(bytes, byteCount);
+}
 
-ORXString::ORXString(ORXString const& other) : m_data(other.m_data), m_rep(other.m_rep), m_isAscii(other.m_isAscii)
+ORXString::ORXString(ORXString const& other)
+    : m_data(other.m_data), m_rep(other.m_rep), m_isAscii(other.m_isAscii)
 {
     if (m_rep)
         ++m_rep->refCount;
@@ -42,7 +62,10 @@ ORXString::ORXString(ORXString&& other) noexcept
     other.m_isAscii = true;
 }
 
-ORXString::~ORXString() { Release(); }
+ORXString::~ORXString()
+{
+    Release();
+}
 
 ORXString& ORXString::operator=(ORXString const& other)
 {
@@ -180,15 +203,22 @@ int ORXString::CharIndexOfByte(int byteOffset) const
     return chars;
 }
 
-int ORXString::Compare(char const* text) const { return std::strcmp(m_data, text ? text : ""); }
+int ORXString::Compare(char const* text) const
+{
+    return std::strcmp(m_data, text ? text : "");
+}
 
-int ORXString::Compare(ORXString const& other) const { return std::strcmp(m_data, other.m_data); }
+int ORXString::Compare(ORXString const& other) const
+{
+    return std::strcmp(m_data, other.m_data);
+}
 
 bool ORXString::operator==(ORXString const& other) const
 {
     if (m_rep == other.m_rep)
         return true;
-    return GetLengthInByte() == other.GetLengthInByte() && std::memcmp(m_data, other.m_data, GetLengthInByte()) == 0;
+    return GetLengthInByte() == other.GetLengthInByte() &&
+           std::memcmp(m_data, other.m_data, GetLengthInByte()) == 0;
 }
 
 ORXChar ORXString::operator[](int index) const
@@ -231,7 +261,7 @@ ORXString ORXString::SubString(int start, int count) const
     if (start < 0 || count <= 0)
         return ORXString();
     int from = ByteOffsetOfChar(start);
-    int to = ByteOffsetOfChar(start + count);
+    int to = ByteOffsetOfChar(EndOfRange(start, count));
     if (from == 0 && to == GetLengthInByte())
         return *this;
     return ORXString(m_data + from, to - from);
@@ -242,7 +272,7 @@ ORXString& ORXString::Remove(int start, int count)
     if (start < 0 || count <= 0)
         return *this;
     int from = ByteOffsetOfChar(start);
-    int to = ByteOffsetOfChar(start + count);
+    int to = ByteOffsetOfChar(EndOfRange(start, count));
     int bytes = GetLengthInByte();
     if (from >= to)
         return *this;

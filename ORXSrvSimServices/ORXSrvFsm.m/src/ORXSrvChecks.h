@@ -1,7 +1,7 @@
 #pragma once
 // The three check helpers through which every contract violation of the services is reported.
 // Each captures the condition's source text, the module path of the source (ORXSRV_MODULE_PATH,
-// set per file by the build) and the line.
+// set per file by the build) and the line. The condition may contain commas (template arguments).
 //
 //   ORXSrvAssert      report, test again, raise ORXBasAssertException, and exit(1) if that returns
 //   ORXSrvThrowCheck  raise ORXBasAssertException; go on if raising returns
@@ -20,28 +20,28 @@ void ORXSrvReportFatalCheck(char const* text, char const* file, int line);
 // Ends the process after a failed assertion: exit(1).
 [[noreturn]] void ORXSrvExitAfterAssertion();
 
-#define ORXSrvAssert(condition)                                                                              \
+#define ORXSrvAssert(...)                                                                                    \
     do                                                                                                       \
     {                                                                                                        \
-        if (!(condition))                                                                                    \
+        if (!(__VA_ARGS__))                                                                                  \
         {                                                                                                    \
-            ORXSimUttAssert::ReportAssertionFailure(#condition, ORXSRV_MODULE_PATH, __LINE__);              \
-            if (!(condition))                                                                                \
-                ORXSrvRaiseAssertion(#condition, ORXSRV_MODULE_PATH, __LINE__);                             \
+            ORXSimUttAssert::ReportAssertionFailure(#__VA_ARGS__, ORXSRV_MODULE_PATH, __LINE__);             \
+            if (!(__VA_ARGS__))                                                                              \
+                ORXSrvRaiseAssertion(#__VA_ARGS__, ORXSRV_MODULE_PATH, __LINE__);                            \
             ORXSrvExitAfterAssertion();                                                                      \
         }                                                                                                    \
     } while (0)
 
-#define ORXSrvThrowCheck(condition)                                                                          \
+#define ORXSrvThrowCheck(...)                                                                                \
     do                                                                                                       \
     {                                                                                                        \
-        if (!(condition))                                                                                    \
-            ORXSrvRaiseAssertion(#condition, ORXSRV_MODULE_PATH, __LINE__);                                 \
+        if (!(__VA_ARGS__))                                                                                  \
+            ORXSrvRaiseAssertion(#__VA_ARGS__, ORXSRV_MODULE_PATH, __LINE__);                                \
     } while (0)
 
-#define ORXSrvFatalCheck(condition)                                                                          \
+#define ORXSrvFatalCheck(...)                                                                                \
     do                                                                                                       \
     {                                                                                                        \
-        if (!(condition))                                                                                    \
-            ORXSrvReportFatalCheck(#condition, ORXSRV_MODULE_PATH, __LINE__);                               \
+        if (!(__VA_ARGS__))                                                                                  \
+            ORXSrvReportFatalCheck(#__VA_ARGS__, ORXSRV_MODULE_PATH, __LINE__);                              \
     } while (0)

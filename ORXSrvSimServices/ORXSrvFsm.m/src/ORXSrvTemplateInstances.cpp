@@ -3,7 +3,9 @@
 #include "ORXBasComparitor.h"
 #include "ORXBasMap.h"
 #include "ORXBasPair.h"
+#include "ORXBasRefCounter.h"
 #include "ORXBasReplicator.h"
+#include "ORXBasSwap.h"
 #include "ORXBasTreeIterator.h"
 #include "ORXBasVector.h"
 #include "ORXString.h"
@@ -48,3 +50,5 @@ template ORXBasReplicatorGeneric ORXBasGetReplicator<double>();
 
 template struct ORXBasComparitor<int>;
 template bool ORXBasStandardComparitor<int>(void const*, void const*, void const*);
+
+template void ORXBasSwap<ORXBasRefCounter>(ORXBasRefCounter*&, ORXBasRefCounter*&);

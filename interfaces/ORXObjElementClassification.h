@@ -1,0 +1,15 @@
+#pragma once
+// An element classification of a mesh: the list of its element classes and the membership DSet,
+// one compartment per class pairing the class (index 0) with the CSet of its elements (index 1).
+#include "ORXSimPosition.h"
+
+class ORXObjElementClassification : public ORXSimPosition
+{
+public:
+    ORXObjElementClassification() = default;
+    ORXObjElementClassification(ORXSimPosition const& classification) : ORXSimPosition(classification) {}
+
+    // Files the class in ElementClassification_elementClasses (23, 12), in filing order.
+    void AppendElementClass(ORXSimPosition const& elementClass) const;
+    ORXSimPosition GetMembership() const;
+};

@@ -1,0 +1,187 @@
+#include "ORXSimDrawerCopy.h"
+
+#include "ORXSimIndexSet.h"
+
+#include <cstring>
+#include <type_traits>
+
+ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<ORXSimCSet> const& view,
+                                   int bufferValueSize)
+    : m_strides(drawer.Strides()), m_bufferValueSize(bufferValueSize), m_storeValueSize(drawer.ValueSize())
+{
+    int const n = drawer.NumDimensions();
+    m_viewSizes.resize(n);
+    m_plans.resize(n);
+    m_missing.assign(n, 0);
+    for (int d = 0; d < n; ++d)
+    {
+        ORXSimCSet const& set = view[d];
+        ORXSimCSet const& domain = drawer.Domain()[d];
+        ORXSimIndexSet const* members = set.OwnOrderData().Get();
+        ORXSimIndexSet const* held = domain.SortedData().Get();
+        int const count = set.Size();
+        m_viewSizes[d] = count;
+        DimPlan& plan = m_plans[d];
+        if (count == domain.Size() && (count == 0 || members->SameSequence(*held)))
+        {
+            plan.identity = true;
+            continue;
+        }
+        plan.offsets.resize(count);
+        std::int64_t const stride = m_strides[d];
+        if (!held)
+        {
+            plan.offsets.assign(count, -1);
+            m_missing[d] = count;
+            continue;
+        }
+        if (members->IsAscending() && !held->IsRun())
+        {
+            // Both ascend: one merge instead of a search per member.
+            int j = 0;
+            int const heldCount = held->Count();
+            for (int i = 0; i < count; ++i)
+            {
+                int const m = members->At(i);
+                while (j < heldCount && held->At(j) < m)
+                    ++j;
+                bool const found = j < heldCount && held->At(j) == m;
+                plan.offsets[i] = found ? j * stride : -1;
+                m_missing[d] += !found;
+            }
+            continue;
+        }
+        for (int i = 0; i < count; ++i)
+        {
+            int const rank = held->RankOf(members->At(i));
+            plan.offsets[i] = rank >= 0 ? rank * stride : -1;
+            m_missing[d] += rank < 0;
+        }
+    }
+
+    // Merge trailing dimensions that map whole and contiguous into blocks.
+    int d = n - 1;
+    for (; d >= 0; --d)
+    {
+        if (!m_plans[d].identity || m_strides[d] != m_block)
+            break;
+        m_block *= m_viewSizes[d];
+    }
+    m_spanDim = d;
+    if (d < 0)
+        return;
+    // Spans of consecutive rows of the span dimension.
+    DimPlan const& plan = m_plans[d];
+    std::int64_t const stride = m_strides[d];
+    bool const contiguousRows = stride == m_block;
+    for (std::int64_t i = 0; i < m_viewSizes[d]; ++i)
+    {
+        std::int64_t const offset = plan.identity ? i * stride : plan.offsets[i];
+        if (offset < 0)
+            continue;
+        if (contiguousRows && !m_spans.empty())
+        {
+            Span& last = m_spans.back();
+            if (last.viewIndex + last.length == i && last.storageOffset + last.length * m_block == offset)
+            {
+                ++last.length;
+                continue;
+            }
+        }
+        m_spans.push_back({i, offset, 1});
+    }
+}
+
+bool ORXSimDrawerCopy::CoversDrawer() const
+{
+    for (DimPlan const& plan : m_plans)
+        if (!plan.identity)
+            return false;
+    return true;
+}
+
+void ORXSimDrawerCopy::CopyValues(char* buffer, std::int64_t bufferIndex, char* values,
+                                  std::int64_t valueIndex, std::int64_t count, Direction direction) const
+{
+    char* b = buffer + bufferIndex * m_bufferValueSize;
+    char* v = values + valueIndex * m_storeValueSize;
+    if (m_bufferValueSize == m_storeValueSize)
+    {
+        if (direction == ToBuffer)
+            std::memcpy(b, v, count * m_bufferValueSize);
+        else
+            std::memcpy(v, b, count * m_bufferValueSize);
+        return;
+    }
+    // Buffer type differs from the stored type: convert value by value.
+    auto convert = [count](auto* to, auto const* from)
+    {
+        for (std::int64_t i = 0; i < count; ++i)
+            to[i] = static_cast<std::remove_reference_t<decltype(to[i])>>(from[i]);
+    };
+    if (direction == ToBuffer)
+    {
+        if (m_bufferValueSize == 8)
+            convert(reinterpret_cast<double*>(b), reinterpret_cast<int const*>(v));
+        else
+            convert(reinterpret_cast<int*>(b), reinterpret_cast<double const*>(v));
+    }
+    else if (m_storeValueSize == 8)
+        convert(reinterpret_cast<double*>(v), reinterpret_cast<int const*>(b));
+    else
+        convert(reinterpret_cast<int*>(v), reinterpret_cast<double const*>(b));
+}
+
+std::uint64_t ORXSimDrawerCopy::Run(char* buffer, char* values, Direction direction) const
+{
+    if (m_spanDim < 0)
+    {
+        if (m_block > 0)
+            CopyValues(buffer, 0, values, 0, m_block, direction);
+        return static_cast<std::uint64_t>(m_block);
+    }
+    int const outer = m_spanDim; // dimensions 0 .. outer - 1 are walked one by one
+    std::vector<std::int64_t> bufferStrides(m_viewSizes.size());
+    std::int64_t stride = 1;
+    for (int d = static_cast<int>(m_viewSizes.size()) - 1; d >= 0; --d)
+    {
+        bufferStrides[d] = stride;
+        stride *= m_viewSizes[d];
+    }
+    for (int d = 0; d < outer; ++d)
+        if (m_viewSizes[d] == 0)
+            return 0;
+    std::uint64_t copied = 0;
+    std::vector<std::int64_t> index(outer, 0);
+    while (true)
+    {
+        std::int64_t bufferBase = 0, valueBase = 0;
+        bool held = true;
+        for (int d = 0; d < outer && held; ++d)
+        {
+            DimPlan const& plan = m_plans[d];
+            std::int64_t const offset = plan.identity ? index[d] * m_strides[d] : plan.offsets[index[d]];
+            held = offset >= 0;
+            valueBase += offset;
+            bufferBase += index[d] * bufferStrides[d];
+        }
+        if (held)
+            for (Span const& span : m_spans)
+            {
+                std::int64_t const count = span.length * m_block;
+                CopyValues(buffer, bufferBase + span.viewIndex * bufferStrides[outer], values,
+                           valueBase + span.storageOffset, count, direction);
+                copied += count;
+            }
+        int d = outer - 1;
+        for (; d >= 0; --d)
+        {
+            if (++index[d] < m_viewSizes[d])
+                break;
+            index[d] = 0;
+        }
+        if (d < 0)
+            break;
+    }
+    return copied;
+}

@@ -1,0 +1,56 @@
+#pragma once
+// Copies values between a packed buffer and a drawer's value block for a view (one set per grid
+// dimension, each in its own order). Dimensions whose view is the drawer's whole domain in order
+// and contiguous in the block are merged into blocks, and consecutive rows into runs, so that a
+// whole-drawer transfer is a single memcpy. Places of the view the drawer does not hold are
+// skipped.
+#include "ORXSimCSet.h"
+#include "ORXSimStoreDrawer.h"
+
+#include <cstdint>
+#include <vector>
+
+class ORXSimDrawerCopy
+{
+public:
+    enum Direction
+    {
+        ToBuffer,
+        FromBuffer
+    };
+    // bufferValueSize 4 means int values in the buffer, 8 doubles.
+    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<ORXSimCSet> const& view,
+                     int bufferValueSize);
+    // Number of view members (per dimension) that the drawer does not hold.
+    std::vector<int> const& Missing() const { return m_missing; }
+    // True if the view covers every place of the drawer.
+    bool CoversDrawer() const;
+    // Copies and gives the number of values copied.
+    std::uint64_t Run(char* buffer, char* values, Direction direction) const;
+
+private:
+    struct DimPlan
+    {
+        bool identity = false;
+        std::vector<std::int64_t> offsets; // storage offset per view member, -1 where not held
+    };
+    struct Span
+    {
+        std::int64_t viewIndex;
+        std::int64_t storageOffset;
+        std::int64_t length;
+    };
+
+    void CopyValues(char* buffer, std::int64_t bufferIndex, char* values, std::int64_t valueIndex,
+                    std::int64_t count, Direction direction) const;
+
+    std::vector<int> m_viewSizes;
+    std::vector<DimPlan> m_plans;
+    std::vector<std::int64_t> m_strides;
+    std::vector<int> m_missing;
+    std::vector<Span> m_spans; // of the innermost dimension that is not merged into blocks
+    int m_spanDim = -1;        // -1: the whole view is one block
+    std::int64_t m_block = 1;  // values per innermost block
+    int m_bufferValueSize;
+    int m_storeValueSize;
+};

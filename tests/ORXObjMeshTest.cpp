@@ -1,0 +1,137 @@
+#include <ORXSrvBasic.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+int Schema(int group, int member)
+{
+    return vds_CoreFragmentTypeIndex(group, member);
+}
+
+bool Same(ORXSimPosition const& a, ORXSimPosition const& b)
+{
+    return !a.IsNull() && a.ID() == b.ID();
+}
+
+class ORXObjMeshTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_model = NewRecord(25, 2);
+        m_document.SetModel(m_model);
+        m_mesh = NewRecord(20, 1);
+        ORXObjModel(m_model).SetMesh(m_mesh);
+    }
+    void TearDown() override { m_document.Close(); }
+
+    ORXSimPosition NewRecord(int group, int member) const
+    {
+        return m_document.CreateDataRecord(Schema(group, member)).Pos();
+    }
+    ORXSimPosition NewCollection(int group, int member, int space) const
+    {
+        return ORXSimPosition(m_document.Focus().CreateTypedCollection(space, Schema(group, member)));
+    }
+
+    ORXObjDocument m_document = ORXObjDocument::New();
+    ORXSimPosition m_model;
+    ORXObjMesh m_mesh;
+};
+} // namespace
+
+TEST_F(ORXObjMeshTest, ModelLeadsToItsMeshAndSteps)
+{
+    ORXObjModel model(m_document.GetModel());
+    EXPECT_TRUE(Same(model.GetMesh(), m_mesh));
+    EXPECT_TRUE(Same(m_document.GetMesh(), m_mesh));
+    EXPECT_TRUE(Same(m_model.GetPosition(Schema(20, 0)), m_mesh));
+
+    ORXSimPosition step = NewRecord(57, 1);
+    m_model.GetMap(Schema(57, 25)).Insert("Step-1", step);
+    EXPECT_TRUE(Same(model.GetStep("Step-1"), step));
+    EXPECT_TRUE(model.GetStep("Step-2").IsNull());
+    EXPECT_TRUE(ORXObjModel(ORXSimPosition()).GetMesh().IsNull());
+}
+
+TEST_F(ORXObjMeshTest, EachGetterReadsTheMemberItsSetterWrites)
+{
+    struct Entry
+    {
+        void (ORXObjMesh::*set)(ORXSimPosition const&) const;
+        ORXSimPosition (ORXObjMesh::*get)() const;
+        int member;
+    };
+    Entry const entries[] = {
+        {&ORXObjMesh::SetNodeCollection, &ORXObjMesh::GetNodeCollection, 79},
+        {&ORXObjMesh::SetElementCollection, &ORXObjMesh::GetElementCollection, 65},
+        {&ORXObjMesh::SetConnectivity, &ORXObjMesh::GetConnectivity, 59},
+        {&ORXObjMesh::SetCoordinates, &ORXObjMesh::GetCoordinates, 121},
+        {&ORXObjMesh::SetElementClassification, &ORXObjMesh::GetElementClassification, 122},
+        {&ORXObjMesh::SetElementSpecAssignment, &ORXObjMesh::GetElementSpecAssignment, 123},
+        {&ORXObjMesh::SetShapeFormulationLogicalSectionClassification,
+         &ORXObjMesh::GetShapeFormulationLogicalSectionClassification, 124},
+        {&ORXObjMesh::SetUserNodes, &ORXObjMesh::GetUserNodes, 125},
+        {&ORXObjMesh::SetElementClassCollection, &ORXObjMesh::GetElementClassCollection, 126},
+    };
+    for (Entry const& entry : entries)
+    {
+        SCOPED_TRACE(entry.member);
+        EXPECT_TRUE((m_mesh.*entry.get)().IsNull());
+        ORXSimPosition target = NewRecord(23, 200 + entry.member);
+        (m_mesh.*entry.set)(target);
+        EXPECT_TRUE(Same((m_mesh.*entry.get)(), target));
+        EXPECT_TRUE(Same(m_mesh.GetPosition(Schema(23, entry.member)), target));
+
+        ORXSimPosition byHost = NewRecord(23, 200 + entry.member);
+        m_mesh.SetPosition(Schema(23, entry.member), byHost);
+        EXPECT_TRUE(Same((m_mesh.*entry.get)(), byHost));
+    }
+}
+
+TEST_F(ORXObjMeshTest, MissingMembersGiveNullHandles)
+{
+    EXPECT_TRUE(m_mesh.GetNodeCollection().IsNull());
+    EXPECT_TRUE(m_mesh.GetNodeCollection().GetCollection().IsNull());
+    EXPECT_TRUE(m_mesh.GetCoordinates().GetDistribution().IsNull());
+    ORXObjMesh none;
+    EXPECT_TRUE(none.GetElementCollection().IsNull());
+}
+
+TEST_F(ORXObjMeshTest, MeshedFieldGridTypeIsMinusOneUntilSet)
+{
+    ORXObjMeshedField field(NewRecord(13, 68));
+    EXPECT_EQ(field.GetGridType(), -1);
+    field.SetGridType(Schema(13, 75));
+    EXPECT_EQ(field.GetGridType(), Schema(13, 75));
+    EXPECT_EQ(ORXObjMeshedField(ORXSimPosition(field.ID())).GetGridType(), Schema(13, 75));
+    field.SetGridType(Schema(47, 19));
+    EXPECT_EQ(field.GetGridType(), Schema(47, 19));
+    EXPECT_TRUE(field.GetDistribution().IsNull());
+}
+
+TEST_F(ORXObjMeshTest, RegisteredClassesTakeFreshMembersOfTheClassCollection)
+{
+    ORXSimPosition specs = NewCollection(23, 2, 2);
+    ORXSimPosition beam = m_document.GetRecord(specs.GetCollection(), 0);
+    ORXSimPosition shell = m_document.GetRecord(specs.GetCollection(), 1);
+    m_mesh.SetElementClassCollection(NewCollection(23, 7, 1));
+
+    ORXObjElementClass first;
+    first.Register(m_mesh, beam);
+    ORXObjElementClass second;
+    second.Register(m_mesh, shell);
+    EXPECT_EQ(m_document.GetCMemberIndex(first), 0);
+    EXPECT_EQ(m_document.GetCMemberIndex(second), 1);
+    EXPECT_TRUE(first.IsA(Schema(23, 7)));
+    EXPECT_TRUE(Same(first.GetPosition(Schema(23, 9)), beam));
+    EXPECT_TRUE(Same(second.GetElementSpec(), shell));
+    EXPECT_GE(ORXSimCollection(m_mesh.GetElementClassCollection().GetCollection()).Space(), 2);
+
+    ORXObjMesh bare(NewRecord(20, 1));
+    ORXObjElementClass made;
+    made.Register(bare, beam);
+    EXPECT_FALSE(bare.GetElementClassCollection().IsNull());
+    EXPECT_TRUE(Same(made.GetElementSpec(), beam));
+}

@@ -1,0 +1,317 @@
+// Distributions, drawers and the five calling sequences of transfers, with their failures.
+#include <ORXSrvBasic.h>
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <vector>
+
+namespace
+{
+int const kType = vds_CoreFragmentTypeIndex(13, 5);
+typedef ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>
+    Descriptions;
+
+class Transfers : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(2, 0);
+        grid.Get(0) = nodes.ID();
+        grid.Get(1) = components.ID();
+        coordinates = doc.Focus().CreateTypedDistribution(ORXSimGrid(grid), kType, ORXSimRangeType(4));
+    }
+    void TearDown() override { doc.Close(); }
+
+    ORXSimCSetID Run(ORXSimCollection const& c, int first, int count) const
+    {
+        return c.CreateTempCSetStrided(first, count, 1, 1);
+    }
+    // Sequence 2: a chunked drawer, extendable in dimension 0, over nodes x all components.
+    ORXSimDrawerID MakeDrawer(ORXSimCSetID const& nodeSet)
+    {
+        ORXSimArray<int> chunks(2, 0);
+        chunks.Get(0) = 4;
+        chunks.Get(1) = 3;
+        ORXSimTransfer make{ORXSimDistribution(coordinates)};
+        make.SetMakeNewDrawerChunked(chunks).SetBufferPadding(false).SetExtendableDim(0);
+        make.SetDim(0, nodeSet).SetDim(1, Run(components, 0, 3)).CheckView();
+        make.ExecMake();
+        return make.DrawerID();
+    }
+    // Sequence 3: write with auto-extension.
+    void Append(ORXSimDrawerID drawer, ORXSimCSet const& nodeSet, std::vector<double> values)
+    {
+        ORXSimTransfer write{ORXSimDistribution(coordinates)};
+        write.SetWrite().SetAutoExtend().SetBufferPadding(false).SetDrawer(drawer);
+        write.SetDim(0, nodeSet).SetDim(1, ORXSimCSet(Run(components, 0, 3))).CheckView();
+        ASSERT_EQ(write.RequiredBufferSize(0), values.size() * sizeof(double));
+        write.SetBuffer(0, values.data(), values.size() * sizeof(double));
+        write.ExecWrite();
+        write.RelinquishBuffers();
+    }
+    // Sequence 1, without naming a drawer.
+    std::vector<double> Read(ORXSimCSet const& nodeSet, ORXSimCSet const& componentSet, double fill = -1)
+    {
+        ORXSimTransfer read{ORXSimDistribution(coordinates)};
+        read.SetRead().SetBufferPadding(false).SetDim(0, nodeSet).SetDim(1, componentSet).CheckView();
+        std::vector<double> values(read.RequiredBufferSize(0) / sizeof(double), fill);
+        read.SetBuffer(0, values.data(), values.size() * sizeof(double));
+        read.ExecRead();
+        read.RelinquishBuffers();
+        return values;
+    }
+    static std::vector<double> Rows(int first, int count)
+    {
+        std::vector<double> v;
+        for (int n = first; n < first + count; ++n)
+            for (int c = 0; c < 3; ++c)
+                v.push_back(n * 10 + c);
+        return v;
+    }
+
+    ORXSimDatabase doc = ORXSimDatabase::CreateNew();
+    ORXSimCollection nodes{doc.Focus().CreateTypedCollection(100, kType)};
+    ORXSimCollection components{doc.Focus().CreateTypedCollection(3, kType)};
+    ORXSimDistributionID coordinates;
+};
+} // namespace
+
+TEST_F(Transfers, FreshDistributionKeepsElementZeroReadable)
+{
+    ORXSimDistribution distribution(coordinates);
+    EXPECT_EQ(distribution.NumDimensions(), 2);
+    EXPECT_EQ(distribution.Grid()[1], components.ID());
+    Descriptions made(1, 0), fresh;
+    distribution.QueryDrawers(made);
+    distribution.QueryDrawers(fresh);
+    for (Descriptions* d : {&made, &fresh})
+    {
+        EXPECT_EQ(d->Size(), 0);
+        EXPECT_EQ(d->ConstGet(0).Domain().Size(), 0);
+        EXPECT_LT(d->ConstGet(0).Domain().Position(nodes.ID()), 0);
+    }
+    MakeDrawer(Run(nodes, 0, 4));
+    distribution.QueryDrawers(made);
+    EXPECT_EQ(made.Size(), 1);
+}
+
+TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
+{
+    ORXSimDrawerID drawer = MakeDrawer(ORXSimCSet(Run(nodes, 0, 4)).AscendingID());
+    Descriptions drawers;
+    ORXSimDistribution(coordinates).QueryDrawers(drawers);
+    ASSERT_EQ(drawers.Size(), 1);
+    ORXSimPersistentDrawerDesc const& made = drawers[0];
+    EXPECT_EQ(made.DrawerID(), drawer);
+    EXPECT_EQ(made.DataSizeItems(0), 0u);
+    EXPECT_TRUE(made.IsChunked());
+    EXPECT_EQ(made.ExtendableDim(), 0);
+    ORXSimArray<int> chunks;
+    made.ChunkSizes(chunks);
+    ASSERT_EQ(chunks.Size(), 2);
+    EXPECT_EQ(chunks[0], 4);
+    EXPECT_EQ(drawer.DistributionID(), coordinates);
+
+    Append(drawer, ORXSimCSet(Run(nodes, 0, 4)), Rows(0, 4));
+    Append(drawer, ORXSimCSet(Run(nodes, 4, 6)), Rows(4, 6));
+    ORXSimDistribution(coordinates).QueryDrawers(drawers);
+    ASSERT_EQ(drawers.Size(), 1);
+    EXPECT_EQ(drawers[0].Domain().CSet(0).Size(), 10);
+    EXPECT_EQ(drawers[0].DataSizeItems(0), 30u);
+    ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids;
+    drawers[0].Domain().CSetIDs(ids);
+    EXPECT_TRUE(ORXSimCSet(ids[0]).SameMembers(ORXSimCSet(Run(nodes, 0, 10))));
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 10)), ORXSimCSet(Run(components, 0, 3))), Rows(0, 10));
+
+    // Members that fall between held ones keep every stored value in place.
+    int const between[] = {20, 15};
+    Append(drawer, nodes.CreateVolatileOrderedCSet(between, 2), {200, 201, 202, 150, 151, 152});
+    Append(drawer, ORXSimCSet(Run(nodes, 12, 2)), Rows(12, 2));
+    int const some[] = {20, 3, 12, 15};
+    EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(some, 4), ORXSimCSet(Run(components, 0, 3))),
+              (std::vector<double>{200, 201, 202, 30, 31, 32, 120, 121, 122, 150, 151, 152}));
+}
+
+TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
+{
+    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 5));
+    int const reversed[] = {4, 3, 2, 1, 0};
+    Append(drawer, nodes.CreateVolatileOrderedCSet(reversed, 5), Rows(0, 5)); // row i holds node 4 - i
+    int const pick[] = {2, 0};
+    int const comps[] = {2, 0};
+    EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(pick, 2), components.CreateVolatileOrderedCSet(comps, 2)),
+              (std::vector<double>{22, 20, 42, 40}));
+    // Places the distribution does not hold stay as the caller left them.
+    int const partly[] = {1, 50};
+    EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(partly, 2), ORXSimCSet(Run(components, 1, 1)), 0.0),
+              (std::vector<double>{31, 0}));
+}
+
+TEST_F(Transfers, MakeAndWriteAtOnceAndExtend)
+{
+    std::vector<double> values = Rows(0, 3);
+    ORXSimTransfer write{ORXSimDistribution(coordinates)};
+    write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+    write.SetDim(0, Run(nodes, 0, 3)).SetDim(1, Run(components, 0, 3)).CheckView();
+    write.SetBuffer(0, values.data(), write.RequiredBufferSize(0)).ExecWrite();
+    write.RelinquishBuffers();
+    ORXSimPersistentDrawerDesc plain = ORXSimDistribution(coordinates).DrawerDescription(write.DrawerID());
+    EXPECT_EQ(plain.ExtendableDim(), -1);
+    EXPECT_FALSE(plain.IsChunked());
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 3)), ORXSimCSet(Run(components, 0, 3))), values);
+
+    // Sequence 5 on an extendable drawer.
+    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 10, 2));
+    Append(drawer, ORXSimCSet(Run(nodes, 10, 2)), Rows(10, 2));
+    std::vector<double> more = Rows(12, 3);
+    ORXSimTransfer extend{ORXSimDistribution(coordinates)};
+    extend.SetWrite()
+        .SetBufferPadding(false)
+        .SetDrawer(drawer)
+        .SetDimExtension(Run(nodes, 12, 3))
+        .CheckView();
+    EXPECT_EQ(extend.RequiredBufferSize(0), more.size() * sizeof(double));
+    extend.SetBuffer(0, more.data(), more.size() * sizeof(double)).ExecWrite();
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 10, 5)), ORXSimCSet(Run(components, 0, 3))), Rows(10, 5));
+    EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 5);
+}
+
+TEST_F(Transfers, EmptyViewsAndBufferTypes)
+{
+    ORXSimTransfer read{ORXSimDistribution(coordinates)};
+    read.SetRead().SetBufferPadding(false).SetDim(0, nodes.EmptyCSetID()).SetDim(1, Run(components, 0, 3));
+    read.CheckView();
+    EXPECT_EQ(read.RequiredBufferSize(0), 0u);
+    read.SetBuffer(0, nullptr, 0);
+    read.ExecRead();
+
+    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(1, 0);
+    grid.Get(0) = nodes.ID();
+    ORXSimDistributionID labels =
+        doc.Focus().Context().CreateDistribution(ORXSimGrid(grid), ORXSimRangeType(2), ORXSimTypeID(kType));
+    int ints[] = {7, 8, 9};
+    ORXSimTransfer write{ORXSimDistribution(labels)};
+    write.SetWrite().SetMakeNewDrawer().SetBufferPadding(false).SetDim(0, Run(nodes, 0, 3)).CheckView();
+    EXPECT_EQ(write.RequiredBufferSize(0), sizeof ints);
+    write.SetBuffer(0, ints, sizeof ints).ExecWrite();
+    double doubles[3] = {};
+    ORXSimTransfer asDoubles{ORXSimDistribution(labels)};
+    asDoubles.SetRead().SetDrawer(write.DrawerID()).SetBufferPadding(false).SetBufferType(4);
+    asDoubles.SetDim(0, Run(nodes, 0, 3)).CheckView();
+    EXPECT_EQ(asDoubles.RequiredBufferSize(0), sizeof doubles);
+    asDoubles.SetBuffer(0, doubles, sizeof doubles).ExecRead();
+    EXPECT_EQ(doubles[2], 9.0);
+}
+
+TEST_F(Transfers, ViewsThatDoNotFitRaiseAndWriteNothing)
+{
+    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 4));
+    Append(drawer, ORXSimCSet(Run(nodes, 0, 4)), Rows(0, 4));
+    auto raises = [&](auto&& setUp, char const* words)
+    {
+        ORXSimTransfer transfer{ORXSimDistribution(coordinates)};
+        try
+        {
+            setUp(transfer);
+            ADD_FAILURE() << "no exception for " << words;
+        }
+        catch (ORXSimDatabaseException const& e)
+        {
+            EXPECT_NE(std::string(e.what()).find(words), std::string::npos) << e.what();
+        }
+    };
+    raises([&](ORXSimTransfer& t) { t.SetRead().SetDim(0, Run(nodes, 0, 4)).CheckView(); }, "dimension 1");
+    raises([&](ORXSimTransfer& t)
+           { t.SetRead().SetDim(0, Run(components, 0, 3)).SetDim(1, Run(components, 0, 3)).CheckView(); },
+           "collection");
+    raises(
+        [&](ORXSimTransfer& t) {
+            t.SetRead()
+                .SetDrawer(drawer)
+                .SetDim(0, Run(nodes, 2, 5))
+                .SetDim(1, Run(components, 0, 3))
+                .CheckView();
+        },
+        "3 of its 5 members");
+    std::vector<double> values = Rows(3, 3);
+    raises(
+        [&](ORXSimTransfer& t) {
+            t.SetWrite()
+                .SetDrawer(drawer)
+                .SetDim(0, Run(nodes, 3, 3))
+                .SetDim(1, Run(components, 0, 3))
+                .CheckView();
+        },
+        "without SetAutoExtend");
+    raises(
+        [&](ORXSimTransfer& t)
+        {
+            t.SetWrite()
+                .SetAutoExtend()
+                .SetDrawer(drawer)
+                .SetDim(0, Run(nodes, 3, 3))
+                .SetDim(1, Run(components, 0, 3));
+            t.CheckView().SetBuffer(0, values.data(), 8 * sizeof(double)).ExecWrite();
+        },
+        "72");
+    ORXSimCollection more(doc.Focus().CreateTypedCollection(5, kType));
+    raises(
+        [&](ORXSimTransfer& t) {
+            t.SetWrite()
+                .SetDrawer(drawer)
+                .SetDimExtension(more.CreateTempCSetStrided(0, 1, 1, 1))
+                .CheckView();
+        },
+        "lies in collection");
+
+    // None of the failed transfers changed or widened the drawer.
+    EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 4);
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 4)), ORXSimCSet(Run(components, 0, 3))), Rows(0, 4));
+
+    ORXSimDistribution distribution(coordinates);
+    doc.Close();
+    EXPECT_THROW(ORXSimTransfer(distribution).SetRead().CheckView(), ORXSimDatabaseException);
+}
+
+TEST_F(Transfers, SecondDimensionGrowsForLayeredDrawers)
+{
+    ORXSimArray<int> chunks(2, 0);
+    chunks.Get(0) = 1;
+    chunks.Get(1) = 2;
+    ORXSimTransfer make{ORXSimDistribution(coordinates)};
+    make.SetMakeNewDrawerChunked(chunks)
+        .SetExtendableDim(1)
+        .SetDim(0, Run(nodes, 0, 2))
+        .SetDim(1, Run(components, 0, 2));
+    make.CheckView().ExecMake();
+    double first[] = {1, 2, 3, 4}, second[] = {5, 6};
+    ORXSimTransfer a{ORXSimDistribution(coordinates)};
+    a.SetWrite()
+        .SetAutoExtend()
+        .SetDrawer(make.DrawerID())
+        .SetDim(0, Run(nodes, 0, 2))
+        .SetDim(1, Run(components, 0, 2));
+    a.CheckView().SetBuffer(0, first, sizeof first).ExecWrite();
+    ORXSimTransfer b{ORXSimDistribution(coordinates)};
+    b.SetWrite()
+        .SetAutoExtend()
+        .SetDrawer(make.DrawerID())
+        .SetDim(0, Run(nodes, 0, 2))
+        .SetDim(1, Run(components, 2, 1));
+    b.CheckView().SetBuffer(0, second, sizeof second).ExecWrite();
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 2)), ORXSimCSet(Run(components, 0, 3))),
+              (std::vector<double>{1, 2, 5, 3, 4, 6}));
+}
+
+TEST_F(Transfers, DrawerMemoryStaysCloseToItsValues)
+{
+    nodes.ExtendSpace(200000);
+    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 1000));
+    for (int first = 0; first < 200000; first += 1000)
+        Append(drawer, ORXSimCSet(Run(nodes, first, 1000)), std::vector<double>(3000, 1.0));
+    double const valueBytes = 8.0 * 3 * 200000;
+    EXPECT_LE(static_cast<double>(ORXSimDrawer(drawer).AllocatedBytes()), 1.1 * valueBytes);
+    EXPECT_GE(static_cast<double>(ORXSimDrawer(drawer).AllocatedBytes()), valueBytes);
+}
