@@ -11,6 +11,9 @@
 #include "ORXSimTypeID.h"
 #include "ORXString.h"
 
+class ORXSimGrid;
+class ORXSimRangeType;
+
 class ORXObjDocument : public ORXSimDatabase
 {
 public:
@@ -58,6 +61,9 @@ public:
     ORXSimDynamicID GetSymbol(int type, ORXString const& name, ORXSimCollectionID const& collection) const;
 
     ORXSimDataRecord CreateDataRecord(int type) const;
+    // A new distribution of the document, as the context makes it.
+    ORXSimDistributionID CreateDistribution(ORXSimGrid const& grid, ORXSimRangeType const& rangeType,
+                                            ORXSimTypeID const& type) const;
 
 private:
     ORXSimPosition GetLibraryMember(int member) const;

@@ -4,6 +4,7 @@
 // record to record: links, sets, vectors, name-keyed maps and associations, each addressed by a
 // schema number from vds_CoreFragmentTypeIndex, and the reverse relations (holders) of each.
 // Positions are ordered by ORXSimDynamicID::Compare, so they can be keys of ordered maps.
+#include "ORXBasVector.h"
 #include "ORXSimCSetID.h"
 #include "ORXSimCollectionID.h"
 #include "ORXSimDSetID.h"
@@ -100,4 +101,9 @@ public:
     ORXSimDSetID CreateTypedDSet(ORXSimCtation const& body, int type) const;
     ORXSimDistributionID CreateTypedDistribution(ORXSimGrid const& grid, int type,
                                                  ORXSimRangeType const& range) const;
+    // A function table of `count` values in `rows` rows. Its value columns come first, labelled by
+    // `dependent` ("" where it has no label), and the `independent` labels name the last columns.
+    ORXSimFTableID CreateFTable(int type, int rows, ORXBasVector<ORXString> const& dependent,
+                                ORXBasVector<ORXString> const& independent, double const* data,
+                                int count) const;
 };

@@ -135,3 +135,32 @@ TEST_F(ORXObjMeshTest, RegisteredClassesTakeFreshMembersOfTheClassCollection)
     EXPECT_FALSE(bare.GetElementClassCollection().IsNull());
     EXPECT_TRUE(Same(made.GetElementSpec(), beam));
 }
+
+TEST_F(ORXObjMeshTest, MeshedFieldFindsItsDistributionThroughItsDrawers)
+{
+    ORXSimPosition layers = NewCollection(50, 18, 2);
+    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(1, 0);
+    grid.Get(0) = layers.GetCollection();
+    ORXSimDistributionID distribution =
+        m_document.CreateDistribution(ORXSimGrid(grid), ORXSimRangeType(4), ORXSimTypeID(Schema(50, 22)));
+    ASSERT_FALSE(distribution.IsNull());
+    EXPECT_TRUE(ORXObjMeshedField(ORXSimPosition(distribution)).GetDistribution() == distribution);
+
+    ORXSimArray<int> chunks(1, 0);
+    chunks.Get(0) = 2;
+    ORXSimTransfer make{ORXSimDistribution(distribution)};
+    make.SetMakeNewDrawerChunked(chunks)
+        .SetBufferPadding(false)
+        .SetExtendableDim(0)
+        .SetDim(0, ORXSimCollection(layers.GetCollection()).CreateCSetStrided(0, 2, 1, 1))
+        .CheckView();
+    make.ExecMake();
+
+    ORXObjMeshedField field(NewRecord(13, 68));
+    ORXSimPosition content = NewRecord(13, 77);
+    field.GetSet(Schema(13, 71)).Insert(content);
+    EXPECT_TRUE(field.GetDistribution().IsNull());
+    content.GetSet(Schema(13, 79)).Insert(ORXSimPosition(ORXSimDynamicID(make.DrawerID())));
+    EXPECT_TRUE(field.GetDistribution() == distribution);
+    EXPECT_EQ(field.GetGridType(), -1);
+}

@@ -187,3 +187,10 @@ ORXSimDataRecord ORXObjDocument::CreateDataRecord(int type) const
 {
     return Focus().CreateDataRecord(type);
 }
+
+ORXSimDistributionID ORXObjDocument::CreateDistribution(ORXSimGrid const& grid,
+                                                        ORXSimRangeType const& rangeType,
+                                                        ORXSimTypeID const& type) const
+{
+    return Context().CreateDistribution(grid, rangeType, type);
+}

@@ -2,6 +2,7 @@
 
 #include "ORXSimIndexSet.h"
 #include "ORXSimStore.h"
+#include "omi_BlkBitVect.h"
 
 namespace
 {
@@ -132,4 +133,12 @@ ORXSimCSetID ORXSimCSet::RegisterWithTempCollection()
     if (m_lead)
         return m_id;
     return RegisterAs(true);
+}
+
+void ORXSimCSet::AsBitVector(omi_BlkBitVect& bits) const
+{
+    if (!m_members)
+        return;
+    for (int i = 0; i < m_size; ++i)
+        bits.SetBit(static_cast<unsigned int>(m_members->At(i)));
 }
