@@ -77,6 +77,13 @@ TEST_F(InverseConnectivity, SelectedElementsOnly)
     Inverse expected{{}, {{2, 0}}, {{2, 1}}, {}, {{2, 3}, {3, 0}, {3, 1}}, {{2, 2}}, {}, {{3, 2}}, {}, {}};
     EXPECT_EQ(Unpack(inverse, 10), expected);
 
+    // Selecting every element gives the whole inversion; the drawers' own element sets are found
+    // registered then, where a partial selection needs temporary sets.
+    inverse.Invert(ORXSrvMeshTestDocument::Run(mesh.elements, 0, 5));
+    Inverse selectedAll = Unpack(inverse, 10);
+    inverse.Invert();
+    EXPECT_EQ(selectedAll, Unpack(inverse, 10));
+
     inverse.Invert(ORXSrvMeshTestDocument::Run(mesh.elements, 0, 0));
     EXPECT_EQ(inverse.GetCount(), 0);
     EXPECT_EQ(inverse.GetEntries(), nullptr);

@@ -41,7 +41,7 @@ ORXSrvElementLayerProperty::ORXSrvElementLayerProperty(ORXSimPosition const& pos
     for (int i = 0; i < drawers.Size(); ++i)
     {
         ORXSimOCompartment const& domain = drawers[i].Domain();
-        int layerDim = domain.CSet(0).ID().CollectionID() == elements ? 1 : 0;
+        int layerDim = domain.CSet(0).CollectionID() == elements ? 1 : 0;
         omi_BlkBitVect pattern;
         domain.CSet(layerDim).AsBitVector(pattern);
         m_drawers.Insert(pattern, drawers[i].DrawerID());
@@ -161,7 +161,7 @@ ORXSimCSet ORXSrvElementLayerProperty::GetElementLayers(ORXSimCSetID const& else
     for (int i = 0; i < drawers.Size(); ++i)
     {
         ORXSimOCompartment const& domain = drawers[i].Domain();
-        int elementDim = domain.CSet(0).ID().CollectionID() == elsetID.CollectionID() ? 0 : 1;
+        int elementDim = domain.CSet(0).CollectionID() == elset.CollectionID() ? 0 : 1;
         ORXSimCSet common = elset.Intersection(domain.CSet(elementDim));
         if (common.Size() > 0)
             result = result.Union(domain.CSet(1 - elementDim));

@@ -28,7 +28,7 @@ ORXSimCSetID SelectedElements(ORXSimCSet const& elset, ORXSimCSet const& drawerE
     int count = common.Size();
     if (count == 0)
         return ORXSimCSetID();
-    ORXSimCollection collection(elset.ID().CollectionID());
+    ORXSimCollection collection(elset.CollectionID());
     ORXSimCSetID id = collection.SeekCSet(common, false);
     if (id.IsNull())
     {
