@@ -11,5 +11,8 @@ public:
 
     // Files the class in ElementClassification_elementClasses (23, 12), in filing order.
     void AppendElementClass(ORXSimPosition const& elementClass) const;
+    // Stores the membership DSet under (23, 127) and hands each class its element CSet: for each
+    // compartment, the CSet at index 1 goes to the class that index 0 names.
+    void SetMembership(ORXSimPosition const& membership) const;
     ORXSimPosition GetMembership() const;
 };

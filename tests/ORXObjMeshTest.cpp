@@ -164,3 +164,52 @@ TEST_F(ORXObjMeshTest, MeshedFieldFindsItsDistributionThroughItsDrawers)
     EXPECT_TRUE(field.GetDistribution() == distribution);
     EXPECT_EQ(field.GetGridType(), -1);
 }
+
+TEST_F(ORXObjMeshTest, MembershipHandsEachClassItsElementSet)
+{
+    ORXSimPosition elements = NewCollection(23, 3, 10);
+    ORXSimPosition specs = NewCollection(23, 2, 1);
+    ORXSimPosition classes = NewCollection(23, 7, 2);
+    m_mesh.SetElementClassCollection(classes);
+    ORXObjElementClass beam, shell;
+    beam.Register(m_mesh, m_document.GetRecord(specs.GetCollection(), 0));
+    shell.Register(m_mesh, m_document.GetRecord(specs.GetCollection(), 0));
+    EXPECT_TRUE(ORXSimPosition(beam.GetElementCSet()).IsNull());
+
+    ORXSimCollection classCollection(classes.GetCollection());
+    ORXSimCollection elementCollection(elements.GetCollection());
+    int const beamMember = 0, shellMember = 1;
+    int const beamElements[] = {0, 1, 2};
+    int const shellElements[] = {5, 9};
+    ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> compartments(2, 0);
+    ORXSimCSetID beamSet = elementCollection.CreateCSet(beamElements, 3, false);
+    ORXSimCSetID shellSet = elementCollection.CreateCSet(shellElements, 2, false);
+    ORXSimCSetID pairs[2][2] = {{classCollection.CreateCSet(&shellMember, 1, false), shellSet},
+                                {classCollection.CreateCSet(&beamMember, 1, false), beamSet}};
+    for (int i = 0; i < 2; ++i)
+    {
+        ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids(2, 0);
+        ids.Get(0) = pairs[i][0];
+        ids.Get(1) = pairs[i][1];
+        compartments.Get(i) = ORXSimCompartment(ids);
+    }
+    ORXSimPosition membership(m_document.Focus().CreateTypedDSet(ORXSimCtation(compartments), Schema(23, 8)));
+
+    ORXObjElementClassification classification(NewRecord(23, 11));
+    classification.AppendElementClass(shell);
+    classification.AppendElementClass(beam);
+    classification.SetMembership(membership);
+
+    EXPECT_TRUE(Same(classification.GetMembership(), membership));
+    EXPECT_TRUE(Same(classification.GetPosition(Schema(23, 127)), membership));
+    EXPECT_TRUE(beam.GetElementCSet() == beamSet);
+    EXPECT_TRUE(shell.GetElementCSet() == shellSet);
+    EXPECT_TRUE(Same(shell.GetPosition(Schema(23, 128)), ORXSimPosition(shellSet)));
+
+    ORXSimSet filed = classification.GetSet(Schema(23, 12));
+    ASSERT_EQ(filed.Size(), 2);
+    ORXSimSetiterator entry = filed.Begin();
+    EXPECT_TRUE(Same(*entry, shell));
+    ++entry;
+    EXPECT_TRUE(Same(*entry, beam));
+}

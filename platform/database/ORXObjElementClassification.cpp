@@ -1,5 +1,8 @@
 #include "ORXObjElementClassification.h"
 
+#include "ORXObjElementClass.h"
+#include "ORXSimContext.h"
+#include "ORXSimDSet.h"
 #include "ORXSimSet.h"
 #include "vds_CoreFragmentTypeIndex.h"
 
@@ -18,6 +21,23 @@ int ElementClassification_membership()
 void ORXObjElementClassification::AppendElementClass(ORXSimPosition const& elementClass) const
 {
     GetSet(ElementClassification_elementClasses()).Insert(elementClass);
+}
+
+void ORXObjElementClassification::SetMembership(ORXSimPosition const& membership) const
+{
+    SetPosition(ElementClassification_membership(), membership);
+    ORXSimDSet dset(membership);
+    ORXSimCtation const& body = dset.GetCtation();
+    ORXSimContext context = Context();
+    for (int i = 0; i < body.NumCompartments(); ++i)
+    {
+        ORXSimCompartment const& compartment = body[i];
+        if (compartment.Size() < 2 || compartment[0].Size() == 0)
+            continue;
+        ORXSimCSet const& classSet = compartment[0];
+        ORXObjElementClass elementClass(context.GetRecord(classSet.ID().CollectionID(), classSet[0]));
+        elementClass.SetElementCSet(compartment[1].ID());
+    }
 }
 
 ORXSimPosition ORXObjElementClassification::GetMembership() const

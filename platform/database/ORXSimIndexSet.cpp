@@ -342,6 +342,8 @@ ORXSimIndexSetPtr ORXSimIndexSet::Difference(ORXSimIndexSet const* a, ORXSimInde
         return ORXSimIndexSetPtr();
     if (!b || b->m_count == 0 || b->High() < a->Low() || b->Low() > a->High())
         return Share(a);
+    if (IsUnitRun(a) && IsUnitRun(b) && b->Low() <= a->Low() && b->High() >= a->High())
+        return ORXSimIndexSetPtr();
     std::size_t const capacity = a->m_count;
     int* out = AllocateMembers(capacity);
     int const n = Dispatch(a, b, [out](auto const& x, auto const& y) { return MergeDifference(x, y, out); });

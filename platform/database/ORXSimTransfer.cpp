@@ -36,6 +36,7 @@ public:
     std::vector<ORXSimCSet> view; // the checked view, one set per grid dimension
     int bufferValueSize = 0;
     unsigned long long required = 0;
+    bool extends = false; // the write adds members to the drawer's extendable dimension
 
     void* buffer = nullptr;
     unsigned long long bufferSize = 0;
@@ -156,6 +157,7 @@ void ORXSimTransferState::Check()
     }
     bufferValueSize = ValueSizeOfKey(bufferKey >= 0 ? bufferKey : d.rangeKey);
 
+    extends = false;
     if (target)
     {
         ORXSimDrawerCopy const plan(*target, view, bufferValueSize);
@@ -167,7 +169,9 @@ void ORXSimTransferState::Check()
                 RequireHeld(*target, i, missing, "read of members the drawer does not hold");
             else if (!(autoExtend || hasExtension))
                 RequireHeld(*target, i, missing, "write past the drawer without SetAutoExtend");
-            else if (i != ext)
+            else if (i == ext)
+                extends = extends || missing > 0;
+            else
                 RequireHeld(*target, i, missing,
                             ext < 0 ? "write past a drawer that has no extendable dimension"
                                     : "write past the drawer outside its extendable dimension");
@@ -215,7 +219,7 @@ void ORXSimTransferState::DoWrite()
     ORXSimStoreDistribution& d = Distribution();
     ORXSimStoreDrawer& target = make ? MakeDrawer() : d.Drawer(drawer);
     int const ext = target.ExtendableDim();
-    if (ext >= 0 && !make)
+    if (extends)
     {
         ORXSimIndexSetPtr const added =
             ORXSimIndexSet::Difference(view[ext].SortedData().Get(), target.Domain()[ext].SortedData().Get());
