@@ -125,4 +125,157 @@ TEST(ORXSrvFieldServicesLabels, ComponentsOnTheFirstGridTypeInRowOrder)
     EXPECT_TRUE(Strings(ORXSrvFieldServices::GetComponents("")).empty());
 }
 
+int Schema(int group, int member)
+{
+    return vds_CoreFragmentTypeIndex(group, member);
+}
+
+class ORXSrvFieldServicesDatabase : public ::testing::Test
+{
+protected:
+    void TearDown() override { m_document.Close(); }
+
+    ORXSimPosition Record(int type) const { return m_document.CreateDataRecord(type).Pos(); }
+
+    ORXObjDocument m_document = ORXObjDocument::New();
+};
+
+TEST_F(ORXSrvFieldServicesDatabase, UniformFieldValuesByRecordType)
+{
+    double values[3] = {-1.0, -1.0, -1.0};
+    EXPECT_FALSE(ORXSrvFieldServices::GetUniformFieldValue(ORXSimPosition(), values, 3));
+
+    ORXSimPosition const scalar = Record(Schema(13, 45));
+    scalar.DataRecord().SetDouble(0, 2.5);
+    EXPECT_TRUE(ORXSrvFieldServices::GetUniformFieldValue(scalar, values, 0));
+    EXPECT_EQ(values[0], 2.5);
+    EXPECT_EQ(values[1], -1.0);
+
+    double const stored[3] = {1.0, 2.0, 3.0};
+    for (int type : {Schema(13, 46), Schema(13, 47)})
+    {
+        ORXSimPosition const array = Record(type);
+        array.DataRecord().SetDouble(0, stored, 3);
+        double read[3] = {0.0, 0.0, 0.0};
+        EXPECT_TRUE(ORXSrvFieldServices::GetUniformFieldValue(array, read, 3));
+        EXPECT_EQ(std::vector<double>(read, read + 3), std::vector<double>(stored, stored + 3));
+    }
+
+    values[0] = -1.0;
+    ORXSimPosition const other = Record(Schema(13, 42));
+    EXPECT_FALSE(ORXSrvFieldServices::GetUniformFieldValue(other, values, 3));
+    EXPECT_EQ(values[0], -1.0);
+}
+
+class ORXSrvFieldFTable : public ORXSrvFieldServicesDatabase
+{
+protected:
+    void SetUp() override
+    {
+        m_document.SetModel(Record(Schema(25, 2)));
+        ORXSimPosition const library = Record(Schema(16, 1));
+        m_document.Focus().SetPosition(Schema(15, 9), library);
+        m_columnCollection = library.CreateTypedCollection(8, Schema(16, 2));
+        library.SetPosition(Schema(16, 6), ORXSimPosition(m_columnCollection));
+        m_targetCollection = library.CreateTypedCollection(4, Schema(16, 3));
+        m_targetSet = ORXSimCSet(ORXSimCollection(m_targetCollection).CreateCSetStrided(0, 4, 1, 1));
+    }
+
+    // All values of the field's distribution over the target set and the first columns.
+    std::vector<double> ReadField(ORXSimPosition const& field, int columns) const
+    {
+        ORXSimCSetID const columnSet =
+            ORXSimCollection(m_columnCollection).CreateTempCSetStrided(0, columns, 1, 1);
+        ORXSimTransfer transfer{ORXSimDistribution(field.GetPosition(Schema(13, 43)).GetDistribution())};
+        transfer.SetRead().SetBufferPadding(false).SetDim(0, m_targetSet).SetDim(1, columnSet).CheckView();
+        std::vector<double> values(4 * columns);
+        transfer.SetBuffer(0, values.data(), transfer.RequiredBufferSize(0));
+        transfer.ExecRead();
+        transfer.RelinquishBuffers();
+        return values;
+    }
+
+    ORXSimCollectionID m_columnCollection;
+    ORXSimCollectionID m_targetCollection;
+    ORXSimCSet m_targetSet;
+};
+
+TEST_F(ORXSrvFieldFTable, MakesTheTableAndTheDistribution)
+{
+    ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> labels;
+    for (char const* label : {"Value", "Temperature", "Field_0"})
+        labels.PushBack(label);
+    std::vector<double> table = {1, 10, 0, 2, 20, 1, 3, 30, 2};
+    std::vector<double> values(12);
+    for (int i = 0; i < 12; ++i)
+        values[i] = 0.5 * i;
+
+    ORXSimPosition const field = ORXSrvFieldServices::CreateFieldFTable(m_document, labels, table.data(), 9,
+                                                                        m_targetSet, values.data(), 999);
+    ASSERT_FALSE(field.IsNull());
+    EXPECT_TRUE(field.IsA(Schema(13, 42)));
+
+    ORXSimFTable const ftable(field.GetPosition(Schema(13, 44)).GetFTable());
+    EXPECT_EQ(ftable.RowCount(), 3);
+    EXPECT_EQ(ftable.ColumnCount(), 3);
+    EXPECT_STREQ(ftable.ColumnLabel(0).CStr(), "Value");
+    EXPECT_STREQ(ftable.ColumnLabel(2).CStr(), "Field_0");
+    std::vector<double> stored(9);
+    ftable.GetData(stored.data(), 9);
+    EXPECT_EQ(stored, table);
+
+    EXPECT_EQ(ReadField(field, 3), values);
+}
+
+TEST_F(ORXSrvFieldFTable, OneLabelMakesOneColumn)
+{
+    ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> labels;
+    labels.PushBack("Value");
+    std::vector<double> table = {4, 5};
+    std::vector<double> values = {7, 8, 9, 10};
+    ORXSimPosition const field = ORXSrvFieldServices::CreateFieldFTable(m_document, labels, table.data(), 2,
+                                                                        m_targetSet, values.data(), 0);
+    ORXSimFTable const ftable(field.GetPosition(Schema(13, 44)).GetFTable());
+    EXPECT_EQ(ftable.RowCount(), 2);
+    EXPECT_EQ(ftable.ColumnCount(), 1);
+    EXPECT_EQ(ReadField(field, 1), values);
+}
+
+TEST_F(ORXSrvFieldServicesDatabase, FieldPositionOfTheMatchingAssignment)
+{
+    int const assignmentType = Schema(50, 1);
+    int const member = Schema(50, 20);
+    ORXSimPosition const target = Record(Schema(50, 2));
+    ORXSimPosition const otherTarget = Record(Schema(50, 2));
+    ORXSimPosition const defaultField = Record(Schema(13, 45));
+    target.SetPosition(member, defaultField);
+
+    ORXSimPosition const holder = Record(Schema(50, 3));
+    ORXSimSet assignments = holder.GetSet(Schema(50, 4));
+    EXPECT_EQ(ORXSrvFieldServices::GetFieldPosition(assignments, target, member, "Temperature"),
+              defaultField);
+
+    std::vector<ORXSimPosition> fields;
+    auto assign = [&](char const* name, ORXSimPosition const& to)
+    {
+        ORXSimPosition const assignment = Record(assignmentType);
+        assignment.DataRecord().SetString(0, name);
+        assignment.SetPosition(Schema(50, 12), to);
+        fields.push_back(Record(Schema(13, 45)));
+        assignment.SetPosition(Schema(50, 11), fields.back());
+        assignments.Insert(assignment);
+    };
+    assign("Temperature", otherTarget);
+    assign("Pressure", target);
+    assign("Temperature", target);
+    assign("Temperature", target);
+
+    EXPECT_EQ(ORXSrvFieldServices::GetFieldPosition(assignments, target, member, "Temperature"), fields[2]);
+    EXPECT_EQ(ORXSrvFieldServices::GetFieldPosition(assignments, otherTarget, member, "Temperature"),
+              fields[0]);
+    EXPECT_EQ(ORXSrvFieldServices::GetFieldPosition(assignments, target, member, "Pressure"), fields[1]);
+    EXPECT_EQ(ORXSrvFieldServices::GetFieldPosition(assignments, target, member, "Velocity"), defaultField);
+    EXPECT_TRUE(ORXSrvFieldServices::GetFieldPosition(assignments, otherTarget, member, "Velocity").IsNull());
+}
+
 } // namespace

@@ -29,8 +29,9 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
         }
         plan.offsets.resize(count);
         std::int64_t const stride = m_strides[d];
-        if (!held)
+        if (!held || count == 0)
         {
+            // Nothing held, or nothing asked for (an empty view set has no member data).
             plan.offsets.assign(count, -1);
             m_missing[d] = count;
             continue;

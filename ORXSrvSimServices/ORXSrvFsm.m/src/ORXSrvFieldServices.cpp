@@ -1,6 +1,18 @@
 #include "ORXSrvFieldServices.h"
 
+#include "ORXBasVector.h"
+#include "ORXObjDocument.h"
+#include "ORXSimCSet.h"
+#include "ORXSimCollection.h"
+#include "ORXSimDataRecord.h"
+#include "ORXSimDistribution.h"
+#include "ORXSimGrid.h"
+#include "ORXSimRangeType.h"
+#include "ORXSimSet.h"
+#include "ORXSimTransaction.h"
+#include "ORXSimTransfer.h"
 #include "ORXSrvVariableMap.h"
+#include "vds_CoreFragmentTypeIndex.h"
 
 #include <cstring>
 
@@ -19,6 +31,55 @@ inline bool MatchesGrid(ORXSrvVariableStruct const& row, int gridType)
 {
     return gridType == anyGridType || row.gridType == gridType;
 }
+
+// Schema numbers of the records and links that the field operations read and write.
+int FieldFTable()
+{
+    return vds_CoreFragmentTypeIndex(13, 42);
+}
+int FieldFTable_table()
+{
+    return vds_CoreFragmentTypeIndex(13, 44);
+}
+int FieldFTable_distribution()
+{
+    return vds_CoreFragmentTypeIndex(13, 43);
+}
+int FTable_field()
+{
+    return vds_CoreFragmentTypeIndex(13, 17);
+}
+int Focus_library()
+{
+    return vds_CoreFragmentTypeIndex(15, 9);
+}
+int Library_fieldColumns()
+{
+    return vds_CoreFragmentTypeIndex(16, 6);
+}
+int UniformField_scalar()
+{
+    return vds_CoreFragmentTypeIndex(13, 45);
+}
+int UniformField_array()
+{
+    return vds_CoreFragmentTypeIndex(13, 46);
+}
+int UniformField_vector()
+{
+    return vds_CoreFragmentTypeIndex(13, 47);
+}
+int FieldAssignment_field()
+{
+    return vds_CoreFragmentTypeIndex(50, 11);
+}
+int FieldAssignment_target()
+{
+    return vds_CoreFragmentTypeIndex(50, 12);
+}
+
+// The value type of a field distribution: one double.
+ORXSimTypeKey const doubleValue = ORXSimTypeKey(4);
 
 inline bool IsNothing(ORXString const& text)
 {
@@ -110,4 +171,79 @@ ORXSrvFieldServices::GetComponents(ORXString const& label)
             SameText(row->fieldType, fieldType))
             components.PushBack(ORXString(row->label));
     return components;
+}
+
+bool ORXSrvFieldServices::GetUniformFieldValue(ORXSimPosition const& field, double* values, int count)
+{
+    if (field.IsNull())
+        return false;
+    if (field.IsA(UniformField_scalar()))
+    {
+        field.DataRecord().GetDouble(0, values[0]);
+        return true;
+    }
+    if (field.IsA(UniformField_vector()) || field.IsA(UniformField_array()))
+    {
+        field.DataRecord().GetDouble(0, values, count);
+        return true;
+    }
+    return false;
+}
+
+ORXSimPosition ORXSrvFieldServices::CreateFieldFTable(
+    ORXObjDocument const& document, ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> const& labels,
+    double* tableData, int tableCount, ORXSimCSet const& targetSet, double* fieldValues, int)
+{
+    ORXSimTransaction transaction(document.ContextID());
+    ORXSimPosition const field = document.CreateDataRecord(FieldFTable()).Pos();
+
+    int const columns = labels.Size();
+    int const rows = tableCount / columns;
+    ORXBasVector<ORXString> firstLabels;
+    firstLabels.push_back(labels[0]);
+    ORXBasVector<ORXString> otherLabels;
+    for (int i = 1; i < columns; ++i)
+        otherLabels.push_back(labels[i]);
+    ORXSimFTableID const table = document.GetModel().CreateFTable(FTable_field(), rows, firstLabels,
+                                                                  otherLabels, tableData, tableCount);
+    field.SetPosition(FieldFTable_table(), ORXSimPosition(table));
+
+    ORXSimCollection const columnCollection(
+        document.Focus().GetPosition(Focus_library()).GetPosition(Library_fieldColumns()).GetCollection());
+    ORXSimCSetID const columnSet = columnCollection.CreateCSetStrided(0, columns, 1, 1);
+
+    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> collections(2, 0);
+    collections.Get(0) = targetSet.ID().CollectionID();
+    collections.Get(1) = columnSet.CollectionID();
+    ORXSimDistributionID const distribution =
+        document.CreateDistribution(ORXSimGrid(collections), ORXSimRangeType(doubleValue), ORXSimTypeID());
+
+    ORXSimTransfer transfer{ORXSimDistribution(distribution)};
+    transfer.SetWrite()
+        .SetMakeNewDrawer()
+        .SetBufferPadding(false)
+        .SetDim(0, targetSet)
+        .SetDim(1, columnSet)
+        .CheckView();
+    transfer.SetBuffer(0, fieldValues, transfer.RequiredBufferSize(0));
+    transfer.ExecWrite();
+    transfer.RelinquishBuffers();
+
+    field.SetPosition(FieldFTable_distribution(), ORXSimPosition(distribution));
+    transaction.Commit();
+    return field;
+}
+
+ORXSimPosition ORXSrvFieldServices::GetFieldPosition(ORXSimSet const& assignments,
+                                                     ORXSimPosition const& target, int member,
+                                                     ORXString const& name)
+{
+    for (ORXSimSetiterator assignment = assignments.Begin(); assignment.NotDone(); ++assignment)
+    {
+        ORXSimPosition const record = *assignment;
+        if (record.DataRecord().ReturnString(0) == name &&
+            record.GetPosition(FieldAssignment_target()) == target)
+            return record.GetPosition(FieldAssignment_field());
+    }
+    return target.GetPosition(member);
 }

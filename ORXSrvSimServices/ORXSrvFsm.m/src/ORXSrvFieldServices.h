@@ -1,11 +1,18 @@
 #pragma once
 // Questions about output variables asked by label or by field type, answered by linear walks over
 // the variable table (ORXSrvVariableMap): which component a label selects, on which grid types it
-// stands, which labels belong to a field type. Stateless except for the search cursor of
-// GetGridTypeFromVariableLabel, one process-wide integer that is not safe for concurrent use.
+// stands, which labels belong to a field type. Besides, reads uniform field values, creates a field
+// defined by a function table, and finds the field that an assignment gives a target. Stateless
+// except for the search cursor of GetGridTypeFromVariableLabel, one process-wide integer that is
+// not safe for concurrent use.
 #include "ORXSimArray.h"
+#include "ORXSimPosition.h"
 #include "ORXString.h"
 #include "vds_ComponentSymbolsEnm.h"
+
+class ORXObjDocument;
+class ORXSimCSet;
+class ORXSimSet;
 
 class ORXSrvFieldServices
 {
@@ -36,6 +43,24 @@ public:
     // The component labels of label's field type on label's first grid type, in table order, one
     // entry per row (a two-symbol label stands twice). Empty for an unknown label.
     static ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> GetComponents(ORXString const& label);
+
+    // The value(s) of a uniform field: one double for a scalar field, count doubles for a vector or
+    // array field. False, with values untouched, for a null position or any other record type.
+    static bool GetUniformFieldValue(ORXSimPosition const& field, double* values, int count);
+
+    // Makes a field record whose function table has the columns labels (tableData row-major,
+    // tableCount values) and whose distribution holds fieldValues over targetSet times the table's
+    // columns. The buffer length comes from the transfer; the last argument is not read.
+    static ORXSimPosition
+    CreateFieldFTable(ORXObjDocument const& document,
+                      ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> const& labels,
+                      double* tableData, int tableCount, ORXSimCSet const& targetSet, double* fieldValues,
+                      int);
+
+    // The field of the first assignment named name whose target is target; without one, the
+    // record that target links to under member.
+    static ORXSimPosition GetFieldPosition(ORXSimSet const& assignments, ORXSimPosition const& target,
+                                           int member, ORXString const& name);
 
 private:
     // Where GetGridTypeFromVariableLabel goes on when called with next true.

@@ -1,0 +1,52 @@
+#pragma once
+// The inverse of a mesh's connectivity: for each node, the elements that use it and the node's
+// local position in each. The result is a compressed-row structure indexed by node index:
+// GetEntries()[GetOffsets()[n]] up to GetEntries()[GetOffsets()[n + 1]] are the entries of node n.
+// An entry packs the element index in bits 0 to 24 and the local position in bits 25 to 31; read it
+// as unsigned, since a local position of 64 or more makes the word negative as an int.
+#include "ORXSimCSet.h"
+#include "ORXSimCSetID.h"
+#include "ORXSimDistribution.h"
+#include "ORXSimPosition.h"
+
+class ORXSrvInverseConnectivity
+{
+public:
+    explicit ORXSrvInverseConnectivity(ORXSimPosition const& mesh);
+    ~ORXSrvInverseConnectivity();
+    ORXSrvInverseConnectivity(ORXSrvInverseConnectivity const&) = delete;
+    ORXSrvInverseConnectivity& operator=(ORXSrvInverseConnectivity const&) = delete;
+
+    // Builds the result for all elements of the mesh, replacing the previous one.
+    void Invert();
+    // Builds the result for the elements of elset, an ascending or empty set.
+    void Invert(ORXSimCSetID const& elset);
+
+    // The result as it stands: NumberNodes() + 1 offsets, GetCount() packed entries (null when
+    // there are none).
+    int const* GetOffsets() const { return m_offsets; }
+    int const* GetEntries() const { return m_entries; }
+    int GetCount() const { return m_count; }
+
+private:
+    // The space of the node collection, by which the offsets are indexed.
+    int NumberNodes() const;
+    // Reads elements x locals of the distribution into a new block, which the caller releases
+    // with mem_Free, and counts each node met in m_offsets and m_count.
+    int* ReadConnectivityBlockAndCount(ORXSimDistribution& distribution, ORXSimCSetID const& elements,
+                                       ORXSimCSetID const& locals);
+    // Turns the counts of the n nodes into offsets, with the total at index n.
+    void ConvertCountToOffsetArray(int n);
+    // Files the entries of one block at their nodes' places, fill counting what each node got.
+    void ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements, ORXSimCSetID const& locals,
+                                  int* fill);
+    // Releases the result and leaves the object with no entries.
+    void ReleaseResult();
+    // Both passes over the drawers; with elset, only over its elements.
+    void InvertDrawers(ORXSimCSet const* elset);
+
+    ORXSimPosition m_mesh;
+    int* m_offsets;
+    int* m_entries;
+    int m_count;
+};
