@@ -17,9 +17,9 @@ public:
         NullCategory = 0,
         RecordCategory = 1,
         DistributionCategory = 2,
-        CollectionCategory = 3,
+        DSetCategory = 3,
         CSetCategory = 4,
-        DSetCategory = 5,
+        CollectionCategory = 5,
         DrawerCategory = 6,
         FTableCategory = 7,
         CMemberCategory = 13

@@ -14,7 +14,7 @@ void* mem_OperatorNewTinyThrow(std::size_t size);
 // the allocator instead of wrapping round to a small block.
 std::size_t mem_SaturatingProduct(std::size_t count, std::size_t elementSize);
 
-// Tag for arrays of built-in types: new (mem_BuiltInAlloc()) int[n].
+// Tag for arrays of built-in types: new (mem_BuiltInAlloc{}) int[n] (braces: clang reads "()" as a type).
 struct mem_BuiltInAlloc
 {
 };

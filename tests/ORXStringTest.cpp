@@ -126,7 +126,7 @@ TEST(mem_Entries, FreeOfNullDoesNothingAndBlocksPair)
     mem_Free(block);
     mem_Free(mem_OperatorNewThrow(8));
     mem_Free(mem_OperatorNewTinyThrow(8));
-    int* numbers = new (mem_BuiltInAlloc()) int[4];
+    int* numbers = new (mem_BuiltInAlloc{}) int[4];
     mem_Free(numbers);
     EXPECT_EQ(mem_SaturatingProduct(static_cast<std::size_t>(-1) / 2, 4), static_cast<std::size_t>(-1));
 }

@@ -5,6 +5,14 @@
 #include <cctype>
 #include <cstring>
 
+// The keyword table's tree, exported by this library.
+template class ORXSimBtreeNodeCore<ORXSimBtreeNode<ORXString, KeywordCallback>>;
+template class ORXSimBtreeNode<ORXString, KeywordCallback>;
+template class ORXSimBtreeNodeLink<ORXString, KeywordCallback>;
+template class ORXSimBtreeWalk<ORXSimBtree<ORXString, KeywordCallback>,
+                               ORXSimBtreeNode<ORXString, KeywordCallback>,
+                               ORXSimBtreeNodeLink<ORXString, KeywordCallback>>;
+template class ORXSimBtreeIterator<ORXString, KeywordCallback>;
 template class ORXSimBtree<ORXString, KeywordCallback>;
 
 namespace
