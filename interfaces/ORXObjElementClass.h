@@ -19,5 +19,5 @@ public:
     ORXSimPosition GetElementSpec() const;
     // The identity of the CSet of the class's elements (23, 128); a null identity if unset.
     ORXSimDynamicID GetElementCSet() const;
-    void SetElementCSet(ORXSimDynamicID const& cset) const;
+    void SetElementCSet(ORXSimDynamicID const& cset);
 };
