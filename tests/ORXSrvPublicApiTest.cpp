@@ -1,6 +1,6 @@
 // The host-side operations of the platform, each used once exactly as hosts write it, through the
 // installed umbrella header only.
-#include <ORXSrvBasic.h>
+#include "DocumentFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +11,6 @@
 
 namespace
 {
-int Schema(int group, int member)
-{
-    return vds_CoreFragmentTypeIndex(group, member);
-}
-
-bool Same(ORXSimPosition const& a, ORXSimPosition const& b)
-{
-    return !a.IsNull() && a.ID() == b.ID();
-}
-
 std::string g_lastReport;
 int g_lastLine = 0;
 
@@ -39,21 +29,8 @@ void ThrowOnAssertion(char const* text, char const*, int)
     throw std::runtime_error(text);
 }
 
-class ORXSrvPublicApiTest : public ::testing::Test
+class ORXSrvPublicApiTest : public DocumentFixture
 {
-protected:
-    void TearDown() override { m_document.Close(); }
-
-    ORXSimPosition NewRecord(int group, int member) const
-    {
-        return m_document.CreateDataRecord(Schema(group, member)).Pos();
-    }
-    ORXSimPosition NewCollection(int group, int member, int space) const
-    {
-        return ORXSimPosition(m_document.Focus().CreateTypedCollection(space, Schema(group, member)));
-    }
-
-    ORXObjDocument m_document = ORXObjDocument::New();
 };
 } // namespace
 
@@ -221,33 +198,7 @@ TEST_F(ORXSrvPublicApiTest, DocumentLayerReadsItsFixedMembers)
     EXPECT_TRUE(Same(m_document.GetDofTypeCollection(), library.GetPosition(Schema(24, 120))));
     EXPECT_TRUE(Same(m_document.GetMaterialCollection(), library.GetPosition(Schema(42, 120))));
 
-    struct MeshMember
-    {
-        void (ORXObjMesh::*set)(ORXSimPosition const&);
-        ORXSimPosition (ORXObjMesh::*get)() const;
-        int member;
-    };
-    MeshMember const members[] = {
-        {&ORXObjMesh::SetNodeCollection, &ORXObjMesh::GetNodeCollection, 79},
-        {&ORXObjMesh::SetElementCollection, &ORXObjMesh::GetElementCollection, 65},
-        {&ORXObjMesh::SetConnectivity, &ORXObjMesh::GetConnectivity, 59},
-        {&ORXObjMesh::SetCoordinates, &ORXObjMesh::GetCoordinates, 121},
-        {&ORXObjMesh::SetElementClassification, &ORXObjMesh::GetElementClassification, 122},
-        {&ORXObjMesh::SetElementSpecAssignment, &ORXObjMesh::GetElementSpecAssignment, 123},
-        {&ORXObjMesh::SetShapeFormulationLogicalSectionClassification,
-         &ORXObjMesh::GetShapeFormulationLogicalSectionClassification, 124},
-        {&ORXObjMesh::SetUserNodes, &ORXObjMesh::GetUserNodes, 125},
-        {&ORXObjMesh::SetElementClassCollection, &ORXObjMesh::GetElementClassCollection, 126},
-    };
-    for (MeshMember const& entry : members)
-    {
-        ORXSimPosition target = NewRecord(23, 300 + entry.member);
-        (mesh.*entry.set)(target);
-        EXPECT_TRUE(Same(mesh.GetPosition(Schema(23, entry.member)), target)) << entry.member;
-        ORXSimPosition byHost = NewRecord(23, 300 + entry.member);
-        mesh.SetPosition(Schema(23, entry.member), byHost);
-        EXPECT_TRUE(Same((mesh.*entry.get)(), byHost)) << entry.member;
-    }
+    // Every mesh getter and setter pair is covered member by member in the mesh tests.
     ORXSimPosition nodes = NewCollection(23, 80, 3);
     mesh.SetNodeCollection(nodes);
     EXPECT_TRUE(mesh.GetNodeCollection().GetCollection() == nodes.GetCollection());
