@@ -173,6 +173,28 @@ TEST_F(DatabaseApi, NavigationBetweenRecords)
     EXPECT_TRUE(focus.Follow(results, 2).IsNull());
 }
 
+TEST_F(DatabaseApi, HoldingsCountEveryKeyAndLinkOnce)
+{
+    int const steps = vds_CoreFragmentTypeIndex(57, 25);
+    ORXSimPosition const holder = focus.CreateDataRecord(kRecordType).Pos();
+    ORXSimPosition const other = focus.CreateDataRecord(kRecordType).Pos();
+    ORXSimPosition const step = focus.CreateDataRecord(kRecordType).Pos();
+    ORXSimMap map = holder.GetMap(steps);
+    map.Insert("b", step);
+    map.Insert("a", step);
+    EXPECT_EQ(step.ReferrersSet(steps).Size(), 2);
+    EXPECT_EQ(step.GetReferenceKey(steps), ORXString("b"));
+    other.SetPosition(steps, step);
+    EXPECT_EQ(step.ReferrersSet(steps).Size(), 3);
+    EXPECT_EQ(step.Parent(steps), holder);
+
+    // Replacing the entry of a key drops that holding.
+    map.Insert("b", other);
+    EXPECT_EQ(step.ReferrersSet(steps).Size(), 2);
+    EXPECT_EQ(map.Find("b"), other);
+    EXPECT_EQ(step.GetReferenceKey(steps), ORXString("a"));
+}
+
 TEST_F(DatabaseApi, DataRecordFields)
 {
     ORXSimDataRecord const record = focus.CreateDataRecord(kRecordType);
@@ -392,6 +414,17 @@ TEST_F(DatabaseApi, RelationalDSetFollowsItsDistribution)
     write.RelinquishBuffers();
     context.UpdateDSet(id, relation);
     EXPECT_EQ(ORXSimDSet(id).Collect(elements.ID()).Size(), 3);
+
+    // The indices, asked for as doubles.
+    std::vector<double> asDoubles(3, -1);
+    ORXSimTransfer read{ORXSimDistribution(relation)};
+    read.SetRead().SetBufferPadding(false).SetBufferType(4);
+    read.SetDim(0, elements.CreateTempCSetStrided(0, 3, 1, 1)).CheckView();
+    ASSERT_EQ(read.RequiredBufferSize(0), 3 * sizeof(double));
+    read.SetBuffer(0, asDoubles.data(), read.RequiredBufferSize(0));
+    read.ExecRead();
+    read.RelinquishBuffers();
+    EXPECT_EQ(asDoubles, (std::vector<double>{1, 0, 1}));
 }
 
 class DistributionApi : public DatabaseApi
@@ -439,23 +472,24 @@ TEST_F(DistributionApi, HandleAndDrawerQueries)
     DescriptionArray fromDefault;
     distribution.QueryDrawers(fromDefault);
     EXPECT_EQ(fromDefault.Size(), 0);
+    EXPECT_EQ(fromDefault[0].Domain().Size(), 0);
 
     // Sequence 4 with an unchunked drawer.
     std::vector<double> values{1, 2, 3, 4};
+    ORXSimTransfer emptyView{ORXSimDistribution(coordinates)};
+    emptyView.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+    emptyView.SetDim(0, nodes.CreateTempCSetStrided(0, 2, 1, 1)).SetDim(1, components.EmptyCSetID());
+    emptyView.CheckView();
+    EXPECT_EQ(emptyView.RequiredBufferSize(0), 0u);
     ORXSimTransfer write{ORXSimDistribution(coordinates)};
     write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
-    write.SetDim(0, nodes.CreateTempCSetStrided(0, 2, 1, 1)).SetDim(1, components.EmptyCSetID());
-    write.CheckView();
-    EXPECT_EQ(write.RequiredBufferSize(0), 0u);
-    ORXSimTransfer empty{ORXSimDistribution(coordinates)};
-    empty.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
-    empty.SetDim(0, nodes.CreateTempCSetStrided(0, 2, 1, 1))
+    write.SetDim(0, nodes.CreateTempCSetStrided(0, 2, 1, 1))
         .SetDim(1, components.CreateTempCSetStrided(0, 2, 1, 1));
-    empty.CheckView();
-    ASSERT_EQ(static_cast<int>(empty.RequiredBufferSize(0)), 4 * static_cast<int>(sizeof(double)));
-    empty.SetBuffer(values.data(), values.size() * sizeof(double));
-    empty.ExecWrite();
-    empty.RelinquishBuffers();
+    write.CheckView();
+    ASSERT_EQ(static_cast<int>(write.RequiredBufferSize(0)), 4 * static_cast<int>(sizeof(double)));
+    write.SetBuffer(values.data(), values.size() * sizeof(double));
+    write.ExecWrite();
+    write.RelinquishBuffers();
 
     distribution.QueryDrawers(descriptions);
     ASSERT_EQ(descriptions.Size(), 1);
@@ -469,7 +503,8 @@ TEST_F(DistributionApi, HandleAndDrawerQueries)
     EXPECT_LT(made.Domain().Position(focus.CreateTypedCollection(1, kNodeType)), 0);
     ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> domainIDs;
     made.Domain().CSetIDs(domainIDs);
-    EXPECT_EQ(domainIDs.Size(), 2);
+    ASSERT_EQ(domainIDs.Size(), 2);
+    EXPECT_FALSE(domainIDs[0].IsNull());
 
     ORXSimArray<ORXSimDrawerID, ORXSimArrayCopyClassPolicy<ORXSimDrawerID>> ids;
     distribution.DrawerIDArray(ids);
