@@ -59,7 +59,7 @@ TEST_F(ORXObjMeshTest, EachGetterReadsTheMemberItsSetterWrites)
 {
     struct Entry
     {
-        void (ORXObjMesh::*set)(ORXSimPosition const&) const;
+        void (ORXObjMesh::*set)(ORXSimPosition const&);
         ORXSimPosition (ORXObjMesh::*get)() const;
         int member;
     };

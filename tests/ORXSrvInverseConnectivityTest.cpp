@@ -105,6 +105,30 @@ TEST_F(InverseConnectivity, RefusesANonAscendingSelection)
     EXPECT_EQ(inverse.GetCount(), 14);
 }
 
+TEST(InverseConnectivityGrown, ADrawerExtendedByLaterAppendsIsReadWhole)
+{
+    ORXSrvMeshTestDocument mesh{6, 4, 3};
+    ORXSrvElementConnectivity connectivity(ORXObjMesh(mesh.mesh).GetConnectivity(), 2);
+    ORXSimDynamicID triangle = mesh.focus.CreateDataRecord(MeshTestType(20)).ID();
+    ORXSimCSetID locals = ORXSrvMeshTestDocument::Run(mesh.locals, 0, 3);
+    ORXSimTransaction transaction(mesh.doc.ContextID());
+    std::vector<int> first{0, 1, 2};
+    std::vector<int> later{3, 4, 5, 2, 1, 5};
+    connectivity.Append(transaction, triangle, ORXSrvMeshTestDocument::Run(mesh.elements, 0, 1), locals,
+                        first.data());
+    connectivity.Append(transaction, triangle, ORXSrvMeshTestDocument::Ascending(mesh.elements, {1, 3}),
+                        locals, later.data());
+    transaction.Commit();
+    ASSERT_EQ(ORXSrvMeshTestDocument::DrawerCount(mesh.connectivityDistribution), 1);
+
+    ORXSrvInverseConnectivity inverse(mesh.mesh);
+    inverse.Invert();
+    Inverse expected{{{0, 0}}, {{0, 1}, {3, 1}}, {{0, 2}, {3, 0}}, {{1, 0}}, {{1, 1}}, {{1, 2}, {3, 2}}};
+    EXPECT_EQ(Unpack(inverse, 6), expected);
+    inverse.Invert(ORXSrvMeshTestDocument::Ascending(mesh.elements, {3}));
+    EXPECT_EQ(Unpack(inverse, 6), (Inverse{{}, {{3, 1}}, {{3, 0}}, {}, {}, {{3, 2}}}));
+}
+
 TEST(InverseConnectivityEmpty, AnEmptyConnectivityGivesZeroOffsets)
 {
     ORXSrvMeshTestDocument mesh{6, 3, 4};

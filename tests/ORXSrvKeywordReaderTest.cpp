@@ -164,12 +164,13 @@ TEST(KeywordDataReader, ReadBeforeFirstIsReported)
 
 TEST(KeywordDataReader, BlanksAfterNumbersAndUnclosedQuotesAreSuspect)
 {
+    // Read as int, double, string: only blanks after a number and open quotes count.
     ParserAfterKeyword deck("*Data\n"         // line 1
                             "1,2 ,3,\n"       // line 2: a blank after field 1
-                            "4,5x,6\n"        // line 3: the newline after field 2
+                            "4,5x,6\n"        // line 3: text after a number; a string keeps the newline
                             "1,2,\"c\n"       // line 4: field 2 leaves its quote open
                             "** note\n"       // line 5
-                            "7,8.5,\"q,r\"\n" // line 6: a closed quote ends the line
+                            "7,8.5,\"q,r\"\n" // line 6: a closed quote
                             "10");            // line 7: last line, no newline
     ORXSrvKeywordDataReader reader(deck.Parser());
     for (reader.First(); !reader.IsDone(); reader.Next())
@@ -180,6 +181,7 @@ TEST(KeywordDataReader, BlanksAfterNumbersAndUnclosedQuotesAreSuspect)
     }
     EXPECT_EQ(SuspectEntries(reader, -2, 10), (std::vector<std::pair<int, int>>{{2, 1}, {4, 2}}));
 
+    // Read as int, double, int: the newline after the last number of a line counts as a blank.
     ParserAfterKeyword numbers("*Data\n1,2 ,3,\n4,5x,6\n\"ab\",\"c\n** note\n7,8.5,9\n10");
     ORXSrvKeywordDataReader numberReader(numbers.Parser());
     for (numberReader.First(); !numberReader.IsDone(); numberReader.Next())

@@ -32,51 +32,26 @@ inline bool MatchesGrid(ORXSrvVariableStruct const& row, int gridType)
     return gridType == anyGridType || row.gridType == gridType;
 }
 
-// Schema numbers of the records and links that the field operations read and write.
-int FieldFTable()
+// A schema number of a record type or link, as its (group, member) pair; called for its value.
+struct SchemaNumber
 {
-    return vds_CoreFragmentTypeIndex(13, 42);
-}
-int FieldFTable_table()
-{
-    return vds_CoreFragmentTypeIndex(13, 44);
-}
-int FieldFTable_distribution()
-{
-    return vds_CoreFragmentTypeIndex(13, 43);
-}
-int FTable_field()
-{
-    return vds_CoreFragmentTypeIndex(13, 17);
-}
-int Focus_library()
-{
-    return vds_CoreFragmentTypeIndex(15, 9);
-}
-int Library_fieldColumns()
-{
-    return vds_CoreFragmentTypeIndex(16, 6);
-}
-int UniformField_scalar()
-{
-    return vds_CoreFragmentTypeIndex(13, 45);
-}
-int UniformField_array()
-{
-    return vds_CoreFragmentTypeIndex(13, 46);
-}
-int UniformField_vector()
-{
-    return vds_CoreFragmentTypeIndex(13, 47);
-}
-int FieldAssignment_field()
-{
-    return vds_CoreFragmentTypeIndex(50, 11);
-}
-int FieldAssignment_target()
-{
-    return vds_CoreFragmentTypeIndex(50, 12);
-}
+    int group;
+    int member;
+    int operator()() const { return vds_CoreFragmentTypeIndex(group, member); }
+};
+
+// The record types and links that the field operations read and write.
+constexpr SchemaNumber FieldFTable{13, 42};
+constexpr SchemaNumber FieldFTable_table{13, 44};
+constexpr SchemaNumber FieldFTable_distribution{13, 43};
+constexpr SchemaNumber FTable_field{13, 17};
+constexpr SchemaNumber Focus_library{15, 9};
+constexpr SchemaNumber Library_fieldColumns{16, 6};
+constexpr SchemaNumber UniformField_scalar{13, 45};
+constexpr SchemaNumber UniformField_array{13, 46};
+constexpr SchemaNumber UniformField_vector{13, 47};
+constexpr SchemaNumber FieldAssignment_field{50, 11};
+constexpr SchemaNumber FieldAssignment_target{50, 12};
 
 // The value type of a field distribution: one double.
 ORXSimTypeKey const doubleValue = ORXSimTypeKey(4);
