@@ -71,6 +71,19 @@ TEST_F(InverseConnectivity, EntriesFollowDrawersThenElementsThenLocals)
     EXPECT_EQ(Unpack(inverse, 10), expected);
 }
 
+TEST_F(InverseConnectivity, ACopyMadeBeforeInvertingWorksOnItsOwn)
+{
+    // The class copies as a value and converts from a mesh position.
+    ORXSrvInverseConnectivity copy = inverse;
+    ORXSrvInverseConnectivity converted = mesh.mesh;
+    copy.Invert();
+    converted.Invert(ORXSrvMeshTestDocument::Ascending(mesh.elements, {1}));
+    EXPECT_EQ(copy.GetCount(), 14);
+    EXPECT_EQ(converted.GetCount(), 3);
+    EXPECT_EQ(inverse.GetOffsets(), nullptr);
+    EXPECT_EQ(inverse.GetCount(), 0);
+}
+
 TEST_F(InverseConnectivity, SelectedElementsOnly)
 {
     inverse.Invert(ORXSrvMeshTestDocument::Ascending(mesh.elements, {2, 3, 4}));

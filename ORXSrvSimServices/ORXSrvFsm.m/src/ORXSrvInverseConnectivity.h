@@ -12,10 +12,10 @@
 class ORXSrvInverseConnectivity
 {
 public:
-    explicit ORXSrvInverseConnectivity(ORXSimPosition const& mesh);
+    ORXSrvInverseConnectivity(ORXSimPosition const& mesh);
+    // Releases the result. A copy shares the result's arrays, so only one of two copies that hold
+    // a result may be destroyed.
     ~ORXSrvInverseConnectivity();
-    ORXSrvInverseConnectivity(ORXSrvInverseConnectivity const&) = delete;
-    ORXSrvInverseConnectivity& operator=(ORXSrvInverseConnectivity const&) = delete;
 
     // Builds the result for all elements of the mesh, replacing the previous one.
     void Invert();
