@@ -53,7 +53,7 @@ void Uncount(void* pointer)
 }
 } // namespace
 
-// The wrappers keep the C library's declarations, exception specification included.
+// The wrappers keep the C library's declarations, noexcept clauses included.
 extern "C"
 {
     void* malloc(size_t size) noexcept

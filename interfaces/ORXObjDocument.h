@@ -1,7 +1,7 @@
 #pragma once
 // A stored document: the database handle seen through its well-known records. The focus (Focus(),
 // from the database) is the root record; it links the model and the library record, which holds the
-// document's shared collections (element specifications, components, degree-of-freedom types,
+// document's shared collections (element spec records, components, degree-of-freedom types,
 // materials, points). Copies share the document; closing it is seen by every copy.
 #include "ORXSimCollectionID.h"
 #include "ORXSimDataRecord.h"

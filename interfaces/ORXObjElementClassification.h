@@ -10,9 +10,9 @@ public:
     ORXObjElementClassification(ORXSimPosition const& classification) : ORXSimPosition(classification) {}
 
     // Files the class in ElementClassification_elementClasses (23, 12), in filing order.
-    void AppendElementClass(ORXSimPosition const& elementClass) const;
+    void AppendElementClass(ORXSimPosition const& elementClass);
     // Stores the membership DSet under (23, 127) and hands each class its element CSet: for each
     // compartment, the CSet at index 1 goes to the class that index 0 names.
-    void SetMembership(ORXSimPosition const& membership) const;
+    void SetMembership(ORXSimPosition const& membership);
     ORXSimPosition GetMembership() const;
 };

@@ -24,13 +24,13 @@ public:
     ORXSimPosition GetUserNodes() const;                                    // (23, 125)
     ORXSimPosition GetElementClassCollection() const;                       // (23, 126)
 
-    void SetNodeCollection(ORXSimPosition const& position) const;
-    void SetElementCollection(ORXSimPosition const& position) const;
-    void SetConnectivity(ORXSimPosition const& position) const;
-    void SetCoordinates(ORXSimPosition const& position) const;
-    void SetElementClassification(ORXSimPosition const& position) const;
-    void SetElementSpecAssignment(ORXSimPosition const& position) const;
-    void SetShapeFormulationLogicalSectionClassification(ORXSimPosition const& position) const;
-    void SetUserNodes(ORXSimPosition const& position) const;
-    void SetElementClassCollection(ORXSimPosition const& position) const;
+    void SetNodeCollection(ORXSimPosition const& position);
+    void SetElementCollection(ORXSimPosition const& position);
+    void SetConnectivity(ORXSimPosition const& position);
+    void SetCoordinates(ORXSimPosition const& position);
+    void SetElementClassification(ORXSimPosition const& position);
+    void SetElementSpecAssignment(ORXSimPosition const& position);
+    void SetShapeFormulationLogicalSectionClassification(ORXSimPosition const& position);
+    void SetUserNodes(ORXSimPosition const& position);
+    void SetElementClassCollection(ORXSimPosition const& position);
 };

@@ -2,6 +2,7 @@
 // The array value type of the database layer: a contiguous, resizable array that copies deeply.
 // The policy says how elements are handled: built-in values and copyable identity classes move as
 // bytes; other classes are constructed, copied and destroyed one by one.
+#include "ORXSimDynamicID.h"
 #include "mem_Entries.h"
 
 #include <cstring>
@@ -21,9 +22,14 @@ template <class T> struct ORXSimArrayClassPolicy
     static constexpr bool bitwise = false;
 };
 
+// Built-in values take the built-in policy, the identity types the copy-class policy, and other
+// classes the class policy, so ORXSimArray<ORXSimCSetID> is ORXSimArray<ORXSimCSetID,
+// ORXSimArrayCopyClassPolicy<ORXSimCSetID>>.
 template <class T>
 using ORXSimArrayDefaultPolicy =
-    std::conditional_t<std::is_arithmetic_v<T>, ORXSimArrayBuiltinPolicy<T>, ORXSimArrayClassPolicy<T>>;
+    std::conditional_t<std::is_arithmetic_v<T> || std::is_enum_v<T>, ORXSimArrayBuiltinPolicy<T>,
+                       std::conditional_t<std::is_base_of_v<ORXSimDynamicID, T>,
+                                          ORXSimArrayCopyClassPolicy<T>, ORXSimArrayClassPolicy<T>>>;
 
 template <class T, class Policy = ORXSimArrayDefaultPolicy<T>> class ORXSimArray;
 

@@ -26,9 +26,6 @@ public:
     // no member of that collection (or a list over several collections) raises.
     void GetCMembership(ORXSimArray<ORXSimDynamicID> const& records, ORXSimCollectionID& collection,
                         ORXSimArray<int>& indices) const;
-    void
-    GetCMembership(ORXSimArray<ORXSimDynamicID, ORXSimArrayCopyClassPolicy<ORXSimDynamicID>> const& records,
-                   ORXSimCollectionID& collection, ORXSimArray<int>& indices) const;
 
     // A DSet of that type backed by the distribution; its body follows the drawers.
     ORXSimDSetID CreateDSet(ORXSimDistributionID const& distribution, ORXSimTypeID const& type) const;

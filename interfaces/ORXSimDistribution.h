@@ -13,7 +13,7 @@
 class ORXSimDistribution
 {
 public:
-    explicit ORXSimDistribution(ORXSimDistributionID const& id);
+    ORXSimDistribution(ORXSimDistributionID const& id);
     ORXSimDistributionID ID() const { return m_id; }
     ORXSimGrid Grid() const { return m_grid; }
     int NumDimensions() const { return m_grid.NumDimensions(); }

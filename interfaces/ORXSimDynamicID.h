@@ -45,6 +45,9 @@ public:
     bool operator==(ORXSimDynamicID const& other) const { return Compare(other) == 0; }
     bool operator!=(ORXSimDynamicID const& other) const { return Compare(other) != 0; }
     bool operator<(ORXSimDynamicID const& other) const { return Compare(other) < 0; }
+    // Equality of all fields, as a member and as a function of two identities.
+    bool Equal(ORXSimDynamicID const& other) const { return Compare(other) == 0; }
+    static bool Equal(ORXSimDynamicID const& a, ORXSimDynamicID const& b) { return a.Compare(b) == 0; }
 
 protected:
     ORXSimDynamicID(int category, ORXSimContextID context, ORXSimDynamicDataID data, ORXSimTypeID type,

@@ -1,34 +1,11 @@
-#include <ORXSrvBasic.h>
+#include "DocumentFixture.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-int Schema(int group, int member)
+class ORXObjDocumentTest : public DocumentFixture
 {
-    return vds_CoreFragmentTypeIndex(group, member);
-}
-
-bool Same(ORXSimPosition const& a, ORXSimPosition const& b)
-{
-    return !a.IsNull() && a.ID() == b.ID();
-}
-
-class ORXObjDocumentTest : public ::testing::Test
-{
-protected:
-    void TearDown() override { m_document.Close(); }
-
-    ORXSimPosition NewRecord(int group, int member) const
-    {
-        return m_document.CreateDataRecord(Schema(group, member)).Pos();
-    }
-    ORXSimPosition NewCollection(int group, int member, int space) const
-    {
-        return ORXSimPosition(m_document.Focus().CreateTypedCollection(space, Schema(group, member)));
-    }
-
-    ORXObjDocument m_document = ORXObjDocument::New();
 };
 } // namespace
 

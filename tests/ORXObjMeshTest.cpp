@@ -1,20 +1,10 @@
-#include <ORXSrvBasic.h>
+#include "DocumentFixture.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-int Schema(int group, int member)
-{
-    return vds_CoreFragmentTypeIndex(group, member);
-}
-
-bool Same(ORXSimPosition const& a, ORXSimPosition const& b)
-{
-    return !a.IsNull() && a.ID() == b.ID();
-}
-
-class ORXObjMeshTest : public ::testing::Test
+class ORXObjMeshTest : public DocumentFixture
 {
 protected:
     void SetUp() override
@@ -24,18 +14,6 @@ protected:
         m_mesh = NewRecord(20, 1);
         ORXObjModel(m_model).SetMesh(m_mesh);
     }
-    void TearDown() override { m_document.Close(); }
-
-    ORXSimPosition NewRecord(int group, int member) const
-    {
-        return m_document.CreateDataRecord(Schema(group, member)).Pos();
-    }
-    ORXSimPosition NewCollection(int group, int member, int space) const
-    {
-        return ORXSimPosition(m_document.Focus().CreateTypedCollection(space, Schema(group, member)));
-    }
-
-    ORXObjDocument m_document = ORXObjDocument::New();
     ORXSimPosition m_model;
     ORXObjMesh m_mesh;
 };
@@ -59,7 +37,7 @@ TEST_F(ORXObjMeshTest, EachGetterReadsTheMemberItsSetterWrites)
 {
     struct Entry
     {
-        void (ORXObjMesh::*set)(ORXSimPosition const&) const;
+        void (ORXObjMesh::*set)(ORXSimPosition const&);
         ORXSimPosition (ORXObjMesh::*get)() const;
         int member;
     };

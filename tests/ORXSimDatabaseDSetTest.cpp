@@ -89,7 +89,7 @@ TEST_F(DSets, FollowTheirDistributionAfterUpdates)
 
 TEST_F(DSets, GivenBodiesRelateMembersOfSeveralCollections)
 {
-    // Elements 0..9 have specification 1, elements 10..14 specification 3.
+    // Elements 0..9 have element spec record 1, elements 10..14 record 3.
     ORXSimCollection specs(doc.Focus().CreateTypedCollection(4, kType));
     ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> body(2, 0);
     for (int i = 0; i < 2; ++i)

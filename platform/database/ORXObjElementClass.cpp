@@ -52,7 +52,7 @@ ORXSimDynamicID ORXObjElementClass::GetElementCSet() const
     return GetPosition(ElementClass_elementCSet()).ID();
 }
 
-void ORXObjElementClass::SetElementCSet(ORXSimDynamicID const& cset) const
+void ORXObjElementClass::SetElementCSet(ORXSimDynamicID const& cset)
 {
     SetPosition(ElementClass_elementCSet(), ORXSimPosition(cset));
 }

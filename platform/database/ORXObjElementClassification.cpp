@@ -18,12 +18,12 @@ int ElementClassification_membership()
 }
 } // namespace
 
-void ORXObjElementClassification::AppendElementClass(ORXSimPosition const& elementClass) const
+void ORXObjElementClassification::AppendElementClass(ORXSimPosition const& elementClass)
 {
     GetSet(ElementClassification_elementClasses()).Insert(elementClass);
 }
 
-void ORXObjElementClassification::SetMembership(ORXSimPosition const& membership) const
+void ORXObjElementClassification::SetMembership(ORXSimPosition const& membership)
 {
     SetPosition(ElementClassification_membership(), membership);
     ORXSimDSet dset(membership);

@@ -79,39 +79,39 @@ ORXSimPosition ORXObjMesh::GetElementClassCollection() const
     return GetPosition(Mesh_elementClasses());
 }
 
-void ORXObjMesh::SetNodeCollection(ORXSimPosition const& position) const
+void ORXObjMesh::SetNodeCollection(ORXSimPosition const& position)
 {
     SetPosition(Mesh_nodes(), position);
 }
-void ORXObjMesh::SetElementCollection(ORXSimPosition const& position) const
+void ORXObjMesh::SetElementCollection(ORXSimPosition const& position)
 {
     SetPosition(Mesh_elements(), position);
 }
-void ORXObjMesh::SetConnectivity(ORXSimPosition const& position) const
+void ORXObjMesh::SetConnectivity(ORXSimPosition const& position)
 {
     SetPosition(Mesh_connectivity(), position);
 }
-void ORXObjMesh::SetCoordinates(ORXSimPosition const& position) const
+void ORXObjMesh::SetCoordinates(ORXSimPosition const& position)
 {
     SetPosition(Mesh_coordinates(), position);
 }
-void ORXObjMesh::SetElementClassification(ORXSimPosition const& position) const
+void ORXObjMesh::SetElementClassification(ORXSimPosition const& position)
 {
     SetPosition(Mesh_elementClassification(), position);
 }
-void ORXObjMesh::SetElementSpecAssignment(ORXSimPosition const& position) const
+void ORXObjMesh::SetElementSpecAssignment(ORXSimPosition const& position)
 {
     SetPosition(Mesh_elementSpecAssignment(), position);
 }
-void ORXObjMesh::SetShapeFormulationLogicalSectionClassification(ORXSimPosition const& position) const
+void ORXObjMesh::SetShapeFormulationLogicalSectionClassification(ORXSimPosition const& position)
 {
     SetPosition(Mesh_shapeFormulationLogicalSectionClassification(), position);
 }
-void ORXObjMesh::SetUserNodes(ORXSimPosition const& position) const
+void ORXObjMesh::SetUserNodes(ORXSimPosition const& position)
 {
     SetPosition(Mesh_userNodes(), position);
 }
-void ORXObjMesh::SetElementClassCollection(ORXSimPosition const& position) const
+void ORXObjMesh::SetElementClassCollection(ORXSimPosition const& position)
 {
     SetPosition(Mesh_elementClasses(), position);
 }

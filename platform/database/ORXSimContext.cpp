@@ -48,10 +48,3 @@ void ORXSimContext::GetCMembership(ORXSimArray<ORXSimDynamicID> const& records,
 {
     Membership(ORXSimArrayPointer(records), records.Size(), collection, indices);
 }
-
-void ORXSimContext::GetCMembership(
-    ORXSimArray<ORXSimDynamicID, ORXSimArrayCopyClassPolicy<ORXSimDynamicID>> const& records,
-    ORXSimCollectionID& collection, ORXSimArray<int>& indices) const
-{
-    Membership(ORXSimArrayPointer(records), records.Size(), collection, indices);
-}

@@ -1,20 +1,10 @@
 #include "ORXSimDSet.h"
 
 #include "ORXSimContext.h"
+#include "ORXSimDSetReprBase.h"
 #include "ORXSimStore.h"
 #include "ORXSimStoreDSet.h"
 #include "ORXSimStoreDistribution.h"
-
-// Shared state of ORXSimDSet handles: a stored DSet, read through the store, or a value of its own.
-class ORXSimDSetReprBase
-{
-public:
-    ORXSimDSetID id;
-    ORXSimStoreDSet own;
-    int refCount = 0;
-
-    ORXSimStoreDSet const& Body() const { return id.IsNull() ? own : ORXSimStore::Get(id).DSet(id); }
-};
 
 namespace
 {

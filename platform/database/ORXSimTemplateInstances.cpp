@@ -1,22 +1,25 @@
-// The instances of the generic containers and trees over the database's types that the library
-// exports, compiled once here.
-#include "ORXBasComparitor.h"
-#include "ORXBasMap.h"
-#include "ORXBasPair.h"
+// The instances over the database's own types that the library exports, compiled once here: the
+// ordered map of identities, the shared pointers of the member maps and of the representations
+// behind the handles, and the pointer swaps of those representations. The containers over public
+// database types (positions, CSets) are exported with the services' container instances.
 #include "ORXBasSharedPtr.h"
-#include "ORXBasVector.h"
+#include "ORXBasSwap.h"
 #include "ORXSimBtree.h"
 #include "ORXSimCMemberMap.h"
-#include "ORXSimCSet.h"
-#include "ORXSimPosition.h"
+#include "ORXSimDSetReprBase.h"
+#include "ORXSimDatabaseReprBase.h"
+#include "ORXSimSelectionList.h"
+#include "ORXSimSelectionMap.h"
+#include "ORXSimSelectionSet.h"
 
-typedef ORXBasPair<ORXSimPosition, ORXSimPosition> ORXSimPositionPair;
-
-template class ORXBasVector<ORXSimPosition>;
-template class ORXBasVector<ORXSimCSet>;
-template class ORXBasVector<ORXSimPositionPair>;
-template class ORXBasMap<ORXSimPosition, ORXSimPosition>;
-template class ORXBasMap<ORXSimPosition, ORXBasMap<int, int>>;
-template class ORXBasMap<int, ORXBasVector<ORXSimPositionPair>>;
-template class ORXBasSharedPtr<ORXSimCMemberMap>;
 template class ORXSimBtree<ORXSimDynamicID, int>;
+
+template class ORXBasSharedPtr<ORXSimCMemberMap>;
+template class ORXBasSharedPtr<ORXSimDSetReprBase>;
+template class ORXBasSharedPtr<ORXSimDatabaseReprBase>;
+template class ORXBasSharedPtr<ORXSimSelectionList>;
+template class ORXBasSharedPtr<ORXSimSelectionMap>;
+template class ORXBasSharedPtr<ORXSimSelectionSet>;
+
+template void ORXBasSwap<ORXSimDSetReprBase>(ORXSimDSetReprBase*&, ORXSimDSetReprBase*&);
+template void ORXBasSwap<ORXSimDatabaseReprBase>(ORXSimDatabaseReprBase*&, ORXSimDatabaseReprBase*&);
