@@ -1,11 +1,14 @@
 #pragma once
 // Memory entries of the platform. Every block from these entries goes back through mem_Free; the
-// throwing entries raise std::bad_alloc on exhaustion, mem_Malloc returns null.
+// throwing entries raise std::bad_alloc on exhaustion, mem_Malloc returns null. mem_Free keeps a
+// few large freed blocks (1 MiB and up, 256 MiB at most) and the entries hand them out again to
+// requests of a fitting size; mem_ReleaseCachedBlocks gives them back to the C library.
 #include <cstddef>
 #include <new>
 
 void* mem_Malloc(std::size_t size);
 void mem_Free(void* pointer);
+void mem_ReleaseCachedBlocks();
 void* mem_OperatorNewThrow(std::size_t size);
 void* mem_OperatorNewThrowBuiltin(std::size_t size);
 void* mem_OperatorNewTinyThrow(std::size_t size);
@@ -25,7 +28,10 @@ struct ORXBasPlacement
 
 void* operator new[](std::size_t size, mem_BuiltInAlloc);
 void operator delete[](void* pointer, mem_BuiltInAlloc) noexcept;
-inline void* operator new(std::size_t, void* pointer, ORXBasPlacement) noexcept { return pointer; }
+inline void* operator new(std::size_t, void* pointer, ORXBasPlacement) noexcept
+{
+    return pointer;
+}
 inline void operator delete(void*, void*, ORXBasPlacement) noexcept {}
 
 // Base of classes whose objects live in mem_OperatorNewThrow memory.

@@ -16,8 +16,15 @@ template <class Node> std::string Shape(Node const* node)
 {
     if (!node)
         return ".";
-    return "(" + Shape(node->Left()) + " " + std::to_string(node->GetKey()) + ":" +
-           std::to_string(node->MaxDepth()) + " " + Shape(node->Right()) + ")";
+    std::string shape("(");
+    shape += Shape(node->Left());
+    shape += ' ';
+    shape += std::to_string(node->GetKey());
+    shape += ':';
+    shape += std::to_string(node->MaxDepth());
+    shape += ' ';
+    shape += Shape(node->Right());
+    return shape += ")";
 }
 
 IntTree Build(std::vector<int> const& keys)

@@ -165,6 +165,15 @@ TEST_F(CSets, AlgebraAgreesWithSortedVectors)
         EXPECT_EQ(a.SameMembers(b), va == vb);
         EXPECT_TRUE(a.SameMembers(a.Union(a)));
     }
+    // Sets apart from each other join end to end, in either order, into a run where they meet.
+    int const low[] = {1, 5, 9}, high[] = {20, 22}, next[] = {10, 11};
+    ORXSimCSet l = nodes.CreateVolatileCSet(low, 3, false), h = nodes.CreateVolatileCSet(high, 2, false);
+    EXPECT_EQ(Ordered(l.Union(h)), (std::vector<int>{1, 5, 9, 20, 22}));
+    EXPECT_EQ(Ordered(h.Union(l)), (std::vector<int>{1, 5, 9, 20, 22}));
+    ORXSimCSet joined =
+        nodes.CreateVolatileCSet(next, 2, false).Union(ORXSimCSet(nodes.CreateCSetStrided(6, 4, 1, 1)));
+    EXPECT_EQ(Ordered(joined), (std::vector<int>{6, 7, 8, 9, 10, 11}));
+    EXPECT_TRUE(joined.IsAscending());
 }
 
 TEST_F(CSets, CompartmentPositions)

@@ -149,6 +149,39 @@ TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
               (std::vector<double>{31, 0}));
 }
 
+TEST_F(Transfers, RunsOverRunsFindTheirRows)
+{
+    auto rowsOf = [](std::vector<int> const& held)
+    {
+        std::vector<double> v;
+        for (int n : held)
+            for (int c = 0; c < 3; ++c)
+                v.push_back(n < 0 ? -1 : n * 10 + c);
+        return v;
+    };
+    auto every2 = [this](int first, int count)
+    { return ORXSimCSet(nodes.CreateTempCSetStrided(first, count, 2)); };
+    ORXSimCSet const all = ORXSimCSet(Run(components, 0, 3));
+    ORXSimDrawerID drawer = MakeDrawer(every2(10, 10).ID());
+    Append(drawer, every2(10, 10), rowsOf({10, 12, 14, 16, 18, 20, 22, 24, 26, 28}));
+    EXPECT_EQ(Read(every2(14, 3), all), rowsOf({14, 16, 18}));
+    // Runs that start before or end after the drawer's run, or fall between its members.
+    EXPECT_EQ(Read(every2(6, 4), all), rowsOf({-1, -1, 10, 12}));
+    EXPECT_EQ(Read(every2(26, 3), all), rowsOf({26, 28, -1}));
+    EXPECT_EQ(Read(every2(11, 2), all), rowsOf({-1, -1}));
+    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 10, 3)), all), rowsOf({10, -1, 12}));
+
+    // Appended runs go past the end; a write that leaves places of its new rows out has them zero.
+    Append(drawer, every2(30, 2), rowsOf({30, 32}));
+    double middle[] = {341, 361};
+    ORXSimTransfer write{ORXSimDistribution(coordinates)};
+    write.SetWrite().SetAutoExtend().SetBufferPadding(false).SetDrawer(drawer);
+    write.SetDim(0, every2(34, 2)).SetDim(1, Run(components, 1, 1)).CheckView();
+    write.SetBuffer(0, middle, sizeof middle).ExecWrite();
+    EXPECT_EQ(Read(every2(28, 5), all),
+              (std::vector<double>{280, 281, 282, 300, 301, 302, 320, 321, 322, 0, 341, 0, 0, 361, 0}));
+}
+
 TEST_F(Transfers, MakeAndWriteAtOnceAndExtend)
 {
     std::vector<double> values = Rows(0, 3);

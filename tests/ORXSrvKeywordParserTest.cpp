@@ -112,6 +112,20 @@ TEST(KeywordParserReadline, OverlongLineArrivesInPiecesOf255Bytes)
     EXPECT_STREQ(parser.Readline(), "next\n");
 }
 
+TEST(KeywordParserReadline, LinesOf255And256BytesSpillTheirEndIntoAnotherLine)
+{
+    KeywordDeck deck(std::string(255, 'y') + "\n" + std::string(256, 'z') + "\n");
+    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
+    EXPECT_EQ(std::string(parser.Readline()), std::string(255, 'y'));
+    EXPECT_STREQ(parser.Readline(), "\n");
+    EXPECT_EQ(std::string(parser.Readline()), std::string(255, 'z'));
+    EXPECT_STREQ(parser.Readline(), "z\n");
+    EXPECT_FALSE(parser.IsEndOfFile());
+    EXPECT_STREQ(parser.Readline(), "");
+    EXPECT_TRUE(parser.IsEndOfFile());
+    EXPECT_EQ(parser.LineNumber(), 5);
+}
+
 TEST(KeywordParserReadline, PieceOfOverlongLineLosesItsTrailingBlanks)
 {
     KeywordDeck deck(std::string(250, 'a') + std::string(10, ' ') + "b\n");

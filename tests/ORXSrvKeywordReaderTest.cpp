@@ -71,6 +71,19 @@ TEST(KeywordDataReader, EmptyFieldsAndMissingFieldsGiveTheDefault)
     EXPECT_TRUE(deck.Parser().IsEndOfFile());
 }
 
+TEST(KeywordDataReader, OverlongLineGivesFurtherDataLines)
+{
+    // The first piece loses its trailing blanks, so its number is not suspect; the newline that
+    // spills over is a blank data line of its own.
+    ParserAfterKeyword deck("*Data\n7" + std::string(254, ' ') + "\n8 \n");
+    ORXSrvKeywordDataReader reader(deck.Parser());
+    std::vector<int> values;
+    for (reader.First(); !reader.IsDone(); reader.Next())
+        values.push_back(reader.ReadInt(4));
+    EXPECT_EQ(values, (std::vector<int>{7, 4, 8}));
+    EXPECT_EQ(SuspectEntries(reader, 0, 5), (std::vector<std::pair<int, int>>{{4, 0}}));
+}
+
 TEST(KeywordDataReader, UnparsableNumbersGiveZeroAndTrailingTextIsIgnored)
 {
     ParserAfterKeyword deck("*Data\nabc,5, 12abc ,-2.5e1x, 4294967297\n");

@@ -1,6 +1,7 @@
 #include "ORXBasModuleEntries.h"
 
 #include "ORXBasUseCounter.h"
+#include "mem_Entries.h"
 
 namespace
 {
@@ -11,7 +12,8 @@ constinit ORXBasUseCounter g_genericsLib;
 constinit ORXBasUseCounter g_alloc;
 } // namespace
 
-// The base libraries need no work at start or stop beyond their counting.
+// The base libraries need no work at start or stop beyond their counting, but for the last stop
+// of the memory entries.
 void ORXBasShared_initialize(int& tally)
 {
     g_shared.Start(tally);
@@ -48,7 +50,9 @@ void ORXBasAlloc_initialize(int& tally)
 {
     g_alloc.Start(tally);
 }
+// The last stop gives the freed blocks that the memory entries keep back to the C library.
 void ORXBasAlloc_finalize(int& tally)
 {
-    g_alloc.Stop(tally);
+    if (g_alloc.Stop(tally))
+        mem_ReleaseCachedBlocks();
 }

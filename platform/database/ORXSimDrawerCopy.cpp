@@ -2,6 +2,7 @@
 
 #include "ORXSimIndexSet.h"
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 
@@ -22,13 +23,29 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
         int const count = set.Size();
         m_viewSizes[d] = count;
         DimPlan& plan = m_plans[d];
-        if (count == domain.Size() && (count == 0 || members->SameSequence(*held)))
+        std::int64_t const stride = m_strides[d];
+        if (WholeDimension(set, domain))
         {
-            plan.identity = true;
+            plan.identity = plan.linear = true;
+            plan.last = count;
+            continue;
+        }
+        if (count > 0 && held && members->IsRun() && held->IsRun() && members->Stride() == held->Stride())
+        {
+            // A run over a held run with the same stride: member i has rank shift + i.
+            std::int64_t const distance = static_cast<std::int64_t>(members->First()) - held->First();
+            plan.linear = true;
+            if (distance % held->Stride() == 0)
+            {
+                std::int64_t const shift = distance / held->Stride();
+                plan.base = shift * stride;
+                plan.first = std::max<std::int64_t>(0, -shift);
+                plan.last = std::max(plan.first, std::min<std::int64_t>(count, held->Count() - shift));
+            }
+            m_missing[d] = static_cast<int>(count - (plan.last - plan.first));
             continue;
         }
         plan.offsets.resize(count);
-        std::int64_t const stride = m_strides[d];
         if (!held || count == 0)
         {
             // Nothing held, or nothing asked for (an empty view set has no member data).
@@ -73,11 +90,16 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
         return;
     // Spans of consecutive rows of the span dimension.
     DimPlan const& plan = m_plans[d];
-    std::int64_t const stride = m_strides[d];
-    bool const contiguousRows = stride == m_block;
+    bool const contiguousRows = m_strides[d] == m_block;
+    if (plan.linear && contiguousRows)
+    {
+        if (plan.first < plan.last)
+            m_spans.push_back({plan.first, Offset(d, plan.first), plan.last - plan.first});
+        return;
+    }
     for (std::int64_t i = 0; i < m_viewSizes[d]; ++i)
     {
-        std::int64_t const offset = plan.identity ? i * stride : plan.offsets[i];
+        std::int64_t const offset = Offset(d, i);
         if (offset < 0)
             continue;
         if (contiguousRows && !m_spans.empty())
@@ -91,6 +113,21 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
         }
         m_spans.push_back({i, offset, 1});
     }
+}
+
+bool ORXSimDrawerCopy::WholeDimension(ORXSimCSet const& view, ORXSimCSet const& domain)
+{
+    int const count = view.Size();
+    return count == domain.Size() &&
+           (count == 0 || view.OwnOrderData()->SameSequence(*domain.SortedData().Get()));
+}
+
+std::int64_t ORXSimDrawerCopy::Offset(int d, std::int64_t i) const
+{
+    DimPlan const& plan = m_plans[d];
+    if (!plan.linear)
+        return plan.offsets[i];
+    return i >= plan.first && i < plan.last ? plan.base + i * m_strides[d] : -1;
 }
 
 bool ORXSimDrawerCopy::CoversDrawer() const
@@ -160,8 +197,7 @@ std::uint64_t ORXSimDrawerCopy::Run(char* buffer, char* values, Direction direct
         bool held = true;
         for (int d = 0; d < outer && held; ++d)
         {
-            DimPlan const& plan = m_plans[d];
-            std::int64_t const offset = plan.identity ? index[d] * m_strides[d] : plan.offsets[index[d]];
+            std::int64_t const offset = Offset(d, index[d]);
             held = offset >= 0;
             valueBase += offset;
             bufferBase += index[d] * bufferStrides[d];

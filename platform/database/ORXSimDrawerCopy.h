@@ -25,13 +25,22 @@ public:
     std::vector<int> const& Missing() const { return m_missing; }
     // True if the view covers every place of the drawer.
     bool CoversDrawer() const;
+    // True if a view set takes a drawer's whole domain set in its order.
+    static bool WholeDimension(ORXSimCSet const& view, ORXSimCSet const& domain);
     // Copies and gives the number of values copied.
     std::uint64_t Run(char* buffer, char* values, Direction direction) const;
 
 private:
+    // Where the members of one view dimension lie in storage. A view that is a run over a held
+    // run maps linearly: member i lies at base + i * stride for i in [first, last), and is not
+    // held elsewhere; any other view has an offset per member.
     struct DimPlan
     {
         bool identity = false;
+        bool linear = false;
+        std::int64_t base = 0;
+        std::int64_t first = 0;
+        std::int64_t last = 0;
         std::vector<std::int64_t> offsets; // storage offset per view member, -1 where not held
     };
     struct Span
@@ -41,6 +50,8 @@ private:
         std::int64_t length;
     };
 
+    // Storage offset of member i of the view in dimension d, -1 where the drawer does not hold it.
+    std::int64_t Offset(int d, std::int64_t i) const;
     void CopyValues(char* buffer, std::int64_t bufferIndex, char* values, std::int64_t valueIndex,
                     std::int64_t count, Direction direction) const;
 

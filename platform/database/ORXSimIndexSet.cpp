@@ -316,6 +316,15 @@ ORXSimIndexSetPtr ORXSimIndexSet::Union(ORXSimIndexSet const* a, ORXSimIndexSet 
     }
     std::size_t const capacity = static_cast<std::size_t>(a->m_count) + b->m_count;
     int* out = AllocateMembers(capacity);
+    if (a->m_ascending && b->m_ascending && (a->High() < b->Low() || b->High() < a->Low()))
+    {
+        // Apart from each other, as when members are appended: the lower set, then the higher.
+        ORXSimIndexSet const* lower = a->High() < b->Low() ? a : b;
+        ORXSimIndexSet const* higher = lower == a ? b : a;
+        lower->CopyTo(out);
+        higher->CopyTo(out + lower->m_count);
+        return AdoptAscending(out, static_cast<int>(capacity));
+    }
     int const n = Dispatch(a, b, [out](auto const& x, auto const& y) { return MergeUnion(x, y, out); });
     return Finish(out, n, capacity);
 }

@@ -47,9 +47,9 @@ void ORXSimStoreDrawer::Reserve(std::size_t bytes, bool exact)
 {
     if (bytes <= m_capacity && m_data)
         return;
-    // Growth keeps the block within 1/16 of what it holds, so a drawer of n values costs at most
-    // about 1.07 n values; large blocks grow in place through the allocator's remapping.
-    std::size_t const capacity = exact ? bytes : bytes + bytes / 16;
+    // Growth is geometric by a tenth, the most slack that keeps a drawer of n values within 1.1 n
+    // values of memory; large blocks grow in place through the allocator's remapping.
+    std::size_t const capacity = exact ? bytes : bytes + bytes / 10;
     void* data = std::realloc(m_data, capacity ? capacity : 1);
     if (!data)
         throw std::bad_alloc();
@@ -69,7 +69,7 @@ char* ORXSimStoreDrawer::Values(bool zero)
     return m_data;
 }
 
-void ORXSimStoreDrawer::Extend(ORXSimIndexSetPtr const& added)
+void ORXSimStoreDrawer::Extend(ORXSimIndexSetPtr const& added, bool zeroNewRows)
 {
     int const ext = m_extendableDim;
     ORXSimCSet const old = m_domain[ext];
@@ -83,7 +83,8 @@ void ORXSimStoreDrawer::Extend(ORXSimIndexSetPtr const& added)
     {
         // New members all follow the old ones: the new rows are appended.
         Reserve(rowBytes * newRows, false);
-        std::memset(m_data + rowBytes * oldRows, 0, rowBytes * (newRows - oldRows));
+        if (zeroNewRows)
+            std::memset(m_data + rowBytes * oldRows, 0, rowBytes * (newRows - oldRows));
         return;
     }
     // New members fall between old ones: lay the rows out afresh in rank order.

@@ -42,8 +42,9 @@ public:
     char const* Values() const { return m_data; }
 
     // Adds members (ascending, none held yet) to the extendable dimension; stored rows move to
-    // their new places and the new rows are zero.
-    void Extend(ORXSimIndexSetPtr const& added);
+    // their new places. New rows are zero when zeroNewRows is set; a caller that writes every new
+    // row whole at once leaves it unset and fills them itself.
+    void Extend(ORXSimIndexSetPtr const& added, bool zeroNewRows);
 
 private:
     void Reserve(std::size_t bytes, bool exact);

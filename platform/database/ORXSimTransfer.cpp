@@ -223,8 +223,14 @@ void ORXSimTransferState::DoWrite()
     {
         ORXSimIndexSetPtr const added =
             ORXSimIndexSet::Difference(view[ext].SortedData().Get(), target.Domain()[ext].SortedData().Get());
+        // The new rows need zeros only where this write leaves places of them out: it fills them
+        // whole when it takes every other dimension whole.
+        bool fillsNewRows = true;
+        for (int i = 0; i < static_cast<int>(view.size()); ++i)
+            if (i != ext)
+                fillsNewRows = fillsNewRows && ORXSimDrawerCopy::WholeDimension(view[i], target.Domain()[i]);
         if (added)
-            target.Extend(added);
+            target.Extend(added, !fillsNewRows);
     }
     ORXSimDrawerCopy const plan(target, view, bufferValueSize);
     char* values = target.Values(!plan.CoversDrawer());

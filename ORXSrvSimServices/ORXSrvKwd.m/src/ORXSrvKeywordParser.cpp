@@ -151,6 +151,7 @@ bool ORXSrvKeywordParser::ParseParameter(const char* line, int& position, ORXStr
     text[nchar < PARSER_BUFFER ? nchar : PARSER_BUFFER - 1] = 0;
     token.BuildFromUTF8(text);
 
+    // A position past the end is taken as the end: the bytes beyond the terminator are not the line's.
     if (position >= length)
         return true;
     if (line[position] == ',')

@@ -26,10 +26,7 @@ class ORXSrvKeywordParser
 public:
     // Size of the line buffer. Lines are read with a limit of PARSER_BUFFER - 1 = 256, so one read
     // delivers at most 255 bytes; longer physical lines arrive in several pieces.
-    enum
-    {
-        PARSER_BUFFER = 257
-    };
+    static constexpr int PARSER_BUFFER = 257;
 
     ORXSrvKeywordParser(FILE* stream, void* userData);
 
