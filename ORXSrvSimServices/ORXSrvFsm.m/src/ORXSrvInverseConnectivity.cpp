@@ -108,21 +108,22 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
     std::memset(fill, 0, nn * sizeof(int));
     ConvertCountToOffsetArray(nn);
 
-    // With no entries there is no second pass, and the blocks read, all without content, stay
-    // unreleased.
+    // With no entries there is no second pass; the blocks read, all without content, are released
+    // all the same.
     if (m_count != 0)
     {
         m_entries = static_cast<int*>(mem_OperatorNewTinyThrow(mem_SaturatingProduct(m_count, sizeof(int))));
         if (elset)
             std::memset(m_entries, 0xFF, m_count * sizeof(int));
-        // Second pass: each block's entries go to their nodes' places, and the block is released.
-        for (int i = 0; i < nd; ++i)
-        {
-            if (blocks[i] == nullptr)
-                continue;
+    }
+    // Second pass: each block's entries go to their nodes' places, and the block is released.
+    for (int i = 0; i < nd; ++i)
+    {
+        if (blocks[i] == nullptr)
+            continue;
+        if (m_count != 0)
             ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID(), fill);
-            mem_Free(blocks[i]);
-        }
+        mem_Free(blocks[i]);
     }
     mem_Free(fill);
     mem_Free(blocks);
