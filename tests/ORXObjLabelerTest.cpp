@@ -1,6 +1,4 @@
-#include <ORXSrvBasic.h>
-
-#include <gtest/gtest.h>
+#include "DocumentFixture.h"
 
 #include <vector>
 
@@ -14,12 +12,11 @@ std::vector<int> ToVector(ORXBasVector<int> const& values)
     return out;
 }
 
-class ORXObjLabelerTest : public ::testing::Test
+class ORXObjLabelerTest : public DocumentFixture
 {
 protected:
     void SetUp() override
     {
-        m_document = ORXObjDocument::New();
         int const beamOrdinals[] = {7, 3, 5};
         int const beamLabels[] = {30, 10, 20};
         int const plateOrdinals[] = {0, 1, 2};
@@ -28,9 +25,6 @@ protected:
                                       3);
         ORXObjLabeler::DefineInstance(m_document, ORXObjLabelerNodes, "Beam-1", beamOrdinals, beamLabels, 3);
     }
-    void TearDown() override { m_document.Close(); }
-
-    ORXObjDocument m_document;
 };
 } // namespace
 
@@ -44,6 +38,9 @@ TEST_F(ORXObjLabelerTest, OccurrencesKeepTheOrderOfFirstDefinition)
     ASSERT_EQ(names.Size(), 2);
     EXPECT_EQ(names[0], "Plate-1");
     EXPECT_EQ(names[1], "Beam-1");
+    EXPECT_TRUE(labeler.IsInstanceValid("Beam-1"));
+    EXPECT_FALSE(labeler.IsInstanceValid("beam-1"));
+    EXPECT_FALSE(labeler.IsInstanceValid(""));
 }
 
 TEST_F(ORXObjLabelerTest, LabelsComeAscendingWithTheirOrdinals)
@@ -78,15 +75,6 @@ TEST_F(ORXObjLabelerTest, OrdinalsLeadToTheirInstanceAndLabel)
     EXPECT_EQ(instance, "untouched");
     EXPECT_EQ(labeler.GetInstanceLabel("Plate-1", 5), -1);
     EXPECT_EQ(labeler.GetInstanceLabel("Nowhere", 5), -1);
-}
-
-TEST_F(ORXObjLabelerTest, UnknownInstancesAreNotValid)
-{
-    ORXObjLabeler labeler(m_document, ORXObjLabelerNodes);
-    labeler.Read();
-    EXPECT_TRUE(labeler.IsInstanceValid("Beam-1"));
-    EXPECT_FALSE(labeler.IsInstanceValid("beam-1"));
-    EXPECT_FALSE(labeler.IsInstanceValid(""));
 }
 
 TEST_F(ORXObjLabelerTest, NodesElementsAndDocumentsAreKeptApart)

@@ -25,12 +25,16 @@ TEST_F(ORXObjMeshTest, ModelLeadsToItsMeshAndSteps)
     EXPECT_TRUE(Same(model.GetMesh(), m_mesh));
     EXPECT_TRUE(Same(m_document.GetMesh(), m_mesh));
     EXPECT_TRUE(Same(m_model.GetPosition(Schema(20, 0)), m_mesh));
-
     ORXSimPosition step = NewRecord(57, 1);
     m_model.GetMap(Schema(57, 25)).Insert("Step-1", step);
     EXPECT_TRUE(Same(model.GetStep("Step-1"), step));
     EXPECT_TRUE(model.GetStep("Step-2").IsNull());
+
+    // Missing members and missing records give null handles.
     EXPECT_TRUE(ORXObjModel(ORXSimPosition()).GetMesh().IsNull());
+    EXPECT_TRUE(ORXObjMesh().GetElementCollection().IsNull());
+    EXPECT_TRUE(m_mesh.GetNodeCollection().GetCollection().IsNull());
+    EXPECT_TRUE(m_mesh.GetCoordinates().GetDistribution().IsNull());
 }
 
 TEST_F(ORXObjMeshTest, EachGetterReadsTheMemberItsSetterWrites)
@@ -68,27 +72,6 @@ TEST_F(ORXObjMeshTest, EachGetterReadsTheMemberItsSetterWrites)
     }
 }
 
-TEST_F(ORXObjMeshTest, MissingMembersGiveNullHandles)
-{
-    EXPECT_TRUE(m_mesh.GetNodeCollection().IsNull());
-    EXPECT_TRUE(m_mesh.GetNodeCollection().GetCollection().IsNull());
-    EXPECT_TRUE(m_mesh.GetCoordinates().GetDistribution().IsNull());
-    ORXObjMesh none;
-    EXPECT_TRUE(none.GetElementCollection().IsNull());
-}
-
-TEST_F(ORXObjMeshTest, MeshedFieldGridTypeIsMinusOneUntilSet)
-{
-    ORXObjMeshedField field(NewRecord(13, 68));
-    EXPECT_EQ(field.GetGridType(), -1);
-    field.SetGridType(Schema(13, 75));
-    EXPECT_EQ(field.GetGridType(), Schema(13, 75));
-    EXPECT_EQ(ORXObjMeshedField(ORXSimPosition(field.ID())).GetGridType(), Schema(13, 75));
-    field.SetGridType(Schema(47, 19));
-    EXPECT_EQ(field.GetGridType(), Schema(47, 19));
-    EXPECT_TRUE(field.GetDistribution().IsNull());
-}
-
 TEST_F(ORXObjMeshTest, RegisteredClassesTakeFreshMembersOfTheClassCollection)
 {
     ORXSimPosition specs = NewCollection(23, 2, 2);
@@ -117,7 +100,7 @@ TEST_F(ORXObjMeshTest, RegisteredClassesTakeFreshMembersOfTheClassCollection)
 TEST_F(ORXObjMeshTest, MeshedFieldFindsItsDistributionThroughItsDrawers)
 {
     ORXSimPosition layers = NewCollection(50, 18, 2);
-    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(1, 0);
+    CollectionIDArray grid(1, 0);
     grid.Get(0) = layers.GetCollection();
     ORXSimDistributionID distribution =
         m_document.CreateDistribution(ORXSimGrid(grid), ORXSimRangeType(4), ORXSimTypeID(Schema(50, 22)));
@@ -141,6 +124,8 @@ TEST_F(ORXObjMeshTest, MeshedFieldFindsItsDistributionThroughItsDrawers)
     content.GetSet(Schema(13, 79)).Insert(ORXSimPosition(ORXSimDynamicID(make.DrawerID())));
     EXPECT_TRUE(field.GetDistribution() == distribution);
     EXPECT_EQ(field.GetGridType(), -1);
+    field.SetGridType(Schema(13, 75));
+    EXPECT_EQ(ORXObjMeshedField(ORXSimPosition(field.ID())).GetGridType(), Schema(13, 75));
 }
 
 TEST_F(ORXObjMeshTest, MembershipHandsEachClassItsElementSet)
@@ -159,18 +144,11 @@ TEST_F(ORXObjMeshTest, MembershipHandsEachClassItsElementSet)
     int const beamMember = 0, shellMember = 1;
     int const beamElements[] = {0, 1, 2};
     int const shellElements[] = {5, 9};
-    ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> compartments(2, 0);
     ORXSimCSetID beamSet = elementCollection.CreateCSet(beamElements, 3, false);
     ORXSimCSetID shellSet = elementCollection.CreateCSet(shellElements, 2, false);
-    ORXSimCSetID pairs[2][2] = {{classCollection.CreateCSet(&shellMember, 1, false), shellSet},
-                                {classCollection.CreateCSet(&beamMember, 1, false), beamSet}};
-    for (int i = 0; i < 2; ++i)
-    {
-        ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids(2, 0);
-        ids.Get(0) = pairs[i][0];
-        ids.Get(1) = pairs[i][1];
-        compartments.Get(i) = ORXSimCompartment(ids);
-    }
+    CompartmentArray compartments(2, 0);
+    compartments.Get(0) = Compartment(classCollection.CreateCSet(&shellMember, 1, false), shellSet);
+    compartments.Get(1) = Compartment(classCollection.CreateCSet(&beamMember, 1, false), beamSet);
     ORXSimPosition membership(m_document.Focus().CreateTypedDSet(ORXSimCtation(compartments), Schema(23, 8)));
 
     ORXObjElementClassification classification(NewRecord(23, 11));
@@ -190,4 +168,7 @@ TEST_F(ORXObjMeshTest, MembershipHandsEachClassItsElementSet)
     EXPECT_TRUE(Same(*entry, shell));
     ++entry;
     EXPECT_TRUE(Same(*entry, beam));
+
+    shell.SetElementCSet(ORXSimDynamicID());
+    EXPECT_TRUE(ORXSimPosition(shell.GetElementCSet()).IsNull());
 }

@@ -1,7 +1,5 @@
-// Collections and CSets: kinds, orders, registration, twins and set algebra.
-#include <ORXSrvBasic.h>
-
-#include <gtest/gtest.h>
+// Collections and CSets: kinds, orders, registration, twins, set algebra and member maps.
+#include "DocumentFixture.h"
 
 #include <algorithm>
 #include <numeric>
@@ -10,14 +8,6 @@
 
 namespace
 {
-int const kType = vds_CoreFragmentTypeIndex(23, 79);
-
-std::vector<int> Ordered(ORXSimCSet const& set)
-{
-    std::vector<int> members(set.Size());
-    set.OrderedMembers(members.data());
-    return members;
-}
 std::vector<int> Ascending(ORXSimCSet const& set)
 {
     std::vector<int> members(set.Size());
@@ -25,18 +15,15 @@ std::vector<int> Ascending(ORXSimCSet const& set)
     return members;
 }
 
-class CSets : public ::testing::Test
+class CSets : public DocumentFixture
 {
 protected:
-    void TearDown() override { doc.Close(); }
-    ORXSimDatabase doc = ORXSimDatabase::CreateNew();
-    ORXSimCollection nodes{doc.Focus().CreateTypedCollection(100, kType)};
+    ORXSimCollection nodes = Collection(100);
 };
 } // namespace
 
-TEST_F(CSets, SpaceGrowsByTotal)
+TEST_F(CSets, SpaceGrowsByTotalAndBoundsMembers)
 {
-    EXPECT_EQ(nodes.Space(), 100);
     nodes.ExtendSpace(150);
     EXPECT_EQ(nodes.Space(), 150);
     nodes.ExtendSpace(120);
@@ -46,27 +33,40 @@ TEST_F(CSets, SpaceGrowsByTotal)
     EXPECT_THROW(nodes.CreateVolatileOrderedCSet(outside, 2), ORXSimDatabaseException);
 }
 
-TEST_F(CSets, StridedAndGivenMembers)
+TEST_F(CSets, EveryKindHoldsItsMembersInItsOrder)
 {
-    ORXSimCSet run(nodes.CreateCSetStrided(5, 3, 1, 1));
-    EXPECT_EQ(Ordered(run), (std::vector<int>{5, 6, 7}));
+    int const given[] = {9, 2, 9, 4};
+    std::vector<int> const sorted{2, 4, 9};
+    EXPECT_EQ(Members(ORXSimCSet(nodes.CreateCSet(given, 4, false))), sorted);
+    EXPECT_EQ(Members(ORXSimCSet(nodes.CreateTempCSet(given, 4, false))), sorted);
+    EXPECT_EQ(Members(nodes.CreateVolatileCSet(given, 4, false)), sorted);
+    EXPECT_EQ(Members(ORXSimCSet(nodes.CreateCSetStrided(5, 3, 1, 1))), (std::vector<int>{5, 6, 7}));
+    EXPECT_TRUE(ORXSimCSet(nodes.CreateCSetStrided(5, 0, 1, 1)).IsEmpty());
+    EXPECT_EQ(Members(ORXSimCSet(nodes.CreateTempCSetStrided(0, 2, 1, 1))), (std::vector<int>{0, 1}));
+    EXPECT_EQ(Members(nodes.CreateVolatileCSetStrided(1, 4, 1, 1)), (std::vector<int>{1, 2, 3, 4}));
+    EXPECT_EQ(ORXSimCSet(nodes.EmptyCSetID()).Size(), 0);
+    EXPECT_FALSE(nodes.EmptyCSetID().IsNull());
+    ORXSimCSet const run(nodes.CreateCSetStrided(5, 3, 1, 1));
     EXPECT_TRUE(run.IsAscending());
     EXPECT_EQ(run.Bounds().first, 5);
     EXPECT_EQ(run.Bounds().second, 7);
-    EXPECT_TRUE(ORXSimCSet(nodes.CreateCSetStrided(5, 0, 1, 1)).IsEmpty());
 
-    int const given[] = {9, 2, 9, 4};
-    ORXSimCSet ascending(nodes.CreateCSet(given, 4, false));
-    EXPECT_EQ(Ordered(ascending), (std::vector<int>{2, 4, 9}));
-
-    ORXSimCSet ordered = nodes.CreateVolatileOrderedCSet(given + 1, 3);
-    EXPECT_FALSE(ordered.IsAscending());
+    ORXSimCSet const temp(nodes.CreateTempOrderedCSet(given + 1, 3));
+    ORXSimCSet const ordered = nodes.CreateVolatileOrderedCSet(given + 1, 3);
+    for (ORXSimCSet const& set : {temp, ordered})
+    {
+        EXPECT_FALSE(set.IsAscending());
+        EXPECT_EQ(set.CollectionID(), nodes.ID());
+        EXPECT_EQ(Members(set), (std::vector<int>{2, 9, 4}));
+        EXPECT_EQ(Ascending(set), sorted);
+        EXPECT_EQ(set[1], 9);
+        EXPECT_EQ(set.Bounds().first, 2);
+        EXPECT_TRUE(set.SameMembers(ORXSimCSet(nodes.CreateCSet(given, 4, false))));
+    }
     EXPECT_TRUE(ordered.ID().IsNull());
-    EXPECT_EQ(ordered.CollectionID(), nodes.ID());
-    EXPECT_EQ(Ordered(ordered), (std::vector<int>{2, 9, 4}));
-    EXPECT_EQ(Ascending(ordered), (std::vector<int>{2, 4, 9}));
-    EXPECT_EQ(ordered[1], 9);
-    EXPECT_TRUE(ordered.SameMembers(ascending));
+    ORXSimCSetID const ascending = ordered.AscendingID();
+    EXPECT_TRUE(ORXSimCSet(ascending).IsAscending());
+    EXPECT_EQ(Members(ORXSimCSet(ascending)), sorted);
 
     std::vector<int> walked, locations;
     for (ORXSimCSetIterator it(ordered); !it.IsDone(); it.Next())
@@ -76,18 +76,23 @@ TEST_F(CSets, StridedAndGivenMembers)
     }
     EXPECT_EQ(walked, (std::vector<int>{2, 9, 4}));
     EXPECT_EQ(locations, (std::vector<int>{0, 1, 2}));
+    ORXSimCSetIterator again(ordered);
+    again.First();
+    EXPECT_EQ(again.CurrentValue(), 2);
 }
 
-TEST_F(CSets, LifetimesAndRegisteredTwins)
+TEST_F(CSets, RegistrationAndTwins)
 {
     int const members[] = {1, 3, 5};
     ORXSimCSet value = nodes.CreateVolatileCSet(members, 3, false);
+    // A volatile set's identity still names its collection yet is null.
+    EXPECT_NE(value.ID().Category(), 0);
+    EXPECT_TRUE(value.ID().IsNull());
     EXPECT_TRUE(nodes.SeekCSet(value, false).IsNull());
     ORXSimCSetID temp = nodes.CreateTempCSet(members, 3, false);
     EXPECT_FALSE(temp.IsNull());
     EXPECT_EQ(nodes.SeekCSet(value, false), temp);
     EXPECT_EQ(temp.CollectionID(), nodes.ID());
-
     int const reversed[] = {5, 3, 1};
     EXPECT_TRUE(nodes.SeekCSet(nodes.CreateVolatileOrderedCSet(reversed, 3), false).IsNull());
     EXPECT_EQ(nodes.SeekCSet(ORXSimCSet(nodes.ID()), false), nodes.EmptyCSetID());
@@ -96,16 +101,16 @@ TEST_F(CSets, LifetimesAndRegisteredTwins)
     ORXSimCSetID persistent = copy.RegisterWithCollection();
     EXPECT_FALSE(persistent.IsNull());
     EXPECT_NE(persistent, temp);
-    EXPECT_EQ(Ordered(ORXSimCSet(persistent)), (std::vector<int>{1, 3, 5}));
+    EXPECT_EQ(copy.ID(), persistent);
+    EXPECT_EQ(Members(ORXSimCSet(persistent)), (std::vector<int>{1, 3, 5}));
     EXPECT_EQ(ORXSimCSet(copy.Pos()).ID(), persistent);
     EXPECT_EQ(copy.Pos().GetCSet(), persistent);
-    EXPECT_TRUE(ORXSimCSetID::CanBeConverted(persistent));
+    EXPECT_EQ(copy.Pos().CSet().Size(), 3);
+    EXPECT_TRUE(ORXSimCSetID::CanBeConverted(copy.Pos().ID()));
+    EXPECT_EQ(ORXSimCSetID(copy.Pos().ID()), persistent);
     EXPECT_FALSE(ORXSimCSetID::CanBeConverted(nodes.ID()));
-
-    ORXSimCSet ordered = nodes.CreateVolatileOrderedCSet(reversed, 3);
-    ORXSimCSetID ascending = ordered.AscendingID();
-    EXPECT_TRUE(ORXSimCSet(ascending).IsAscending());
-    EXPECT_TRUE(ORXSimCSet(ascending).SameMembers(ordered));
+    ORXSimCSet other = nodes.CreateVolatileCSet(members, 1, false);
+    EXPECT_FALSE(other.RegisterWithTempCollection().IsNull());
 }
 
 TEST_F(CSets, AlgebraStartsFromTheEmptySetOfACollection)
@@ -114,19 +119,27 @@ TEST_F(CSets, AlgebraStartsFromTheEmptySetOfACollection)
     ORXSimCSet x(nodes.CreateCSetStrided(10, 5, 1, 1));
     ORXSimCSet u = start.Union(x);
     EXPECT_EQ(start.Size(), 0);
-    EXPECT_EQ(Ordered(u), Ordered(x));
+    EXPECT_EQ(Members(u), Members(x));
     EXPECT_EQ(u.CollectionID(), nodes.ID());
     EXPECT_TRUE(u.ID().IsNull());
 
     ORXSimCSet y(nodes.CreateCSetStrided(12, 10, 1, 1));
-    EXPECT_EQ(Ordered(x.Union(y)), Ordered(ORXSimCSet(nodes.CreateCSetStrided(10, 12, 1, 1))));
-    EXPECT_EQ(Ordered(x.Intersection(y)), (std::vector<int>{12, 13, 14}));
-    EXPECT_EQ(Ordered(x - y), (std::vector<int>{10, 11}));
-    EXPECT_EQ(Ordered(y - x).size(), 7u);
+    EXPECT_EQ(Members(x.Union(y)), Members(ORXSimCSet(nodes.CreateCSetStrided(10, 12, 1, 1))));
+    EXPECT_EQ(Members(x.Intersection(y)), (std::vector<int>{12, 13, 14}));
+    EXPECT_EQ(Members(x - y), (std::vector<int>{10, 11}));
+    EXPECT_EQ(Members(y - x).size(), 7u);
     EXPECT_TRUE((x - x).IsEmpty());
+    EXPECT_THROW(x.Union(ORXSimCSet(Collection(10).CreateCSetStrided(0, 2, 1, 1))), ORXSimDatabaseException);
 
-    ORXSimCollection other(doc.Focus().CreateTypedCollection(10, kType));
-    EXPECT_THROW(x.Union(ORXSimCSet(other.CreateCSetStrided(0, 2, 1, 1))), ORXSimDatabaseException);
+    // Sets apart from each other join end to end, in either order, into a run where they meet.
+    int const low[] = {1, 5, 9}, high[] = {20, 22}, next[] = {10, 11};
+    ORXSimCSet l = nodes.CreateVolatileCSet(low, 3, false), h = nodes.CreateVolatileCSet(high, 2, false);
+    EXPECT_EQ(Members(l.Union(h)), (std::vector<int>{1, 5, 9, 20, 22}));
+    EXPECT_EQ(Members(h.Union(l)), (std::vector<int>{1, 5, 9, 20, 22}));
+    ORXSimCSet joined =
+        nodes.CreateVolatileCSet(next, 2, false).Union(ORXSimCSet(nodes.CreateCSetStrided(6, 4, 1, 1)));
+    EXPECT_EQ(Members(joined), (std::vector<int>{6, 7, 8, 9, 10, 11}));
+    EXPECT_TRUE(joined.IsAscending());
 }
 
 TEST_F(CSets, AlgebraAgreesWithSortedVectors)
@@ -141,9 +154,7 @@ TEST_F(CSets, AlgebraAgreesWithSortedVectors)
             for (int& m : v)
                 m = static_cast<int>(random() % 2000);
             if (round % 3 == 0 && n > 3)
-            {
                 std::iota(v.begin(), v.end(), static_cast<int>(random() % 500));
-            }
             return ordered ? nodes.CreateVolatileOrderedCSet(v.data(), n)
                            : nodes.CreateVolatileCSet(v.data(), n, false);
         };
@@ -154,38 +165,47 @@ TEST_F(CSets, AlgebraAgreesWithSortedVectors)
         vb.erase(std::unique(vb.begin(), vb.end()), vb.end());
         std::vector<int> expected;
         std::set_union(va.begin(), va.end(), vb.begin(), vb.end(), std::back_inserter(expected));
-        EXPECT_EQ(Ordered(a.Union(b)), expected);
+        EXPECT_EQ(Members(a.Union(b)), expected);
         expected.clear();
         std::set_intersection(va.begin(), va.end(), vb.begin(), vb.end(), std::back_inserter(expected));
-        EXPECT_EQ(Ordered(a.Intersection(b)), expected);
+        EXPECT_EQ(Members(a.Intersection(b)), expected);
         expected.clear();
         std::set_difference(va.begin(), va.end(), vb.begin(), vb.end(), std::back_inserter(expected));
-        EXPECT_EQ(Ordered(a - b), expected);
+        EXPECT_EQ(Members(a - b), expected);
         EXPECT_TRUE(a.Union(b).IsAscending());
         EXPECT_EQ(a.SameMembers(b), va == vb);
         EXPECT_TRUE(a.SameMembers(a.Union(a)));
     }
-    // Sets apart from each other join end to end, in either order, into a run where they meet.
-    int const low[] = {1, 5, 9}, high[] = {20, 22}, next[] = {10, 11};
-    ORXSimCSet l = nodes.CreateVolatileCSet(low, 3, false), h = nodes.CreateVolatileCSet(high, 2, false);
-    EXPECT_EQ(Ordered(l.Union(h)), (std::vector<int>{1, 5, 9, 20, 22}));
-    EXPECT_EQ(Ordered(h.Union(l)), (std::vector<int>{1, 5, 9, 20, 22}));
-    ORXSimCSet joined =
-        nodes.CreateVolatileCSet(next, 2, false).Union(ORXSimCSet(nodes.CreateCSetStrided(6, 4, 1, 1)));
-    EXPECT_EQ(Ordered(joined), (std::vector<int>{6, 7, 8, 9, 10, 11}));
-    EXPECT_TRUE(joined.IsAscending());
 }
 
-TEST_F(CSets, CompartmentPositions)
+TEST_F(CSets, MemberMapsAndBitVectors)
 {
-    ORXSimCollection locals(doc.Focus().CreateTypedCollection(8, kType));
-    ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids(2, 0);
-    ids.Get(0) = nodes.CreateCSetStrided(0, 4, 1, 1);
-    ids.Get(1) = locals.CreateCSetStrided(0, 8, 1, 1);
-    ORXSimCompartment compartment(ids);
-    EXPECT_EQ(compartment.Size(), 2);
-    EXPECT_EQ(compartment.Position(locals.ID()), 1);
-    ORXSimCollection outside(doc.Focus().CreateTypedCollection(1, kType));
-    EXPECT_LT(compartment.Position(outside.ID()), 0);
-    EXPECT_EQ(compartment[1].Size(), 8);
+    ORXSimCollection elements = Collection(50);
+    int const firstMembers[] = {7, 3, 9};
+    int const secondMembers[] = {0, 1, 2};
+    ORXSimCSet first = nodes.CreateVolatileOrderedCSet(firstMembers, 3);
+    ORXBasSharedPtr<ORXSimCMemberMap> map =
+        ORXSimCMemberMap::Create(first, elements.CreateVolatileOrderedCSet(secondMembers, 3));
+    int const asked[] = {2, 0, 30};
+    ORXSimCSet mapped = map->MapCSet(elements.CreateVolatileOrderedCSet(asked, 3));
+    EXPECT_EQ(mapped.CollectionID(), nodes.ID());
+    EXPECT_EQ(Members(mapped), (std::vector<int>{9, 7}));
+    // An ascending first set pairs its members in ascending order.
+    int const reordered[] = {4, 2, 3};
+    ORXSimCSet const mappedAscending =
+        ORXSimCMemberMap::Create(nodes.CreateVolatileCSet(secondMembers, 3, false),
+                                 elements.CreateVolatileOrderedCSet(reordered, 3))
+            ->MapCSet(elements.CreateVolatileCSet(reordered + 1, 2, false));
+    EXPECT_TRUE(mappedAscending.SameMembers(nodes.CreateVolatileCSetStrided(1, 2, 1, 1)));
+
+    omi_BlkBitVect bits;
+    first.AsBitVector(bits);
+    EXPECT_TRUE(bits.GetBit(3));
+    EXPECT_TRUE(bits.GetBit(9));
+    EXPECT_FALSE(bits.GetBit(4));
+
+    ORXSimBtree<ORXSimDynamicID, int> chunkSizes;
+    chunkSizes.Insert(m_document.Focus(), 100, false);
+    EXPECT_TRUE(chunkSizes.IsMember(m_document.Focus()));
+    EXPECT_FALSE(chunkSizes.IsMember(ORXSimDynamicID()));
 }

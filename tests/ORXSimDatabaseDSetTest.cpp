@@ -1,31 +1,22 @@
-// DSets over distributions and over given bodies, function tables, member maps and bit vectors.
-#include <ORXSrvBasic.h>
-
-#include <gtest/gtest.h>
+// Compartments, DSets over distributions and over given bodies, and function tables.
+#include "DocumentFixture.h"
 
 #include <vector>
 
 namespace
 {
-int const kType = vds_CoreFragmentTypeIndex(23, 59);
+int const kType = Schema(23, 59);
 
-std::vector<int> Members(ORXSimCSet const& set)
-{
-    std::vector<int> members(set.Size());
-    set.OrderedMembers(members.data());
-    return members;
-}
-
-class DSets : public ::testing::Test
+class DSets : public DocumentFixture
 {
 protected:
-    void TearDown() override { doc.Close(); }
-    // Sequence 3 after sequence 2 on a fresh drawer: connectivity of elements x 2 local nodes.
-    ORXSimDrawerID Append(ORXSimDrawerID drawer, int first, int count)
+    // Connectivity of elements x 2 local nodes: sequence 2 then 3 on a chunked drawer, or sequence 4
+    // (make and write at once) when asked for a plain drawer; then the DSet is brought up to date.
+    ORXSimDrawerID Append(ORXSimDrawerID drawer, int first, int count, bool plain = false)
     {
         ORXSimCSetID elementSet = elements.CreateTempCSetStrided(first, count, 1, 1);
         ORXSimCSetID localSet = locals.CreateTempCSetStrided(0, 2, 1, 1);
-        if (drawer.IsNull())
+        if (drawer.IsNull() && !plain)
         {
             ORXSimArray<int> chunks(2, 0);
             chunks.Get(0) = 10;
@@ -35,31 +26,35 @@ protected:
             make.SetDim(0, elementSet).SetDim(1, localSet).CheckView().ExecMake();
             drawer = make.DrawerID();
         }
-        std::vector<int> nodes(2 * count, 1);
+        std::vector<int> values(2 * count, 1);
         ORXSimTransfer write{ORXSimDistribution(connectivity)};
-        write.SetWrite().SetAutoExtend().SetBufferPadding(false).SetDrawer(drawer);
+        if (plain)
+            write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+        else
+            write.SetWrite().SetAutoExtend().SetBufferPadding(false).SetDrawer(drawer);
         write.SetDim(0, elementSet).SetDim(1, localSet).CheckView();
-        write.SetBuffer(0, nodes.data(), write.RequiredBufferSize(0)).ExecWrite();
-        doc.Focus().Context().UpdateDSet(dset, connectivity);
-        return drawer;
+        write.SetBuffer(0, values.data(), write.RequiredBufferSize(0)).ExecWrite();
+        write.RelinquishBuffers();
+        m_document.Focus().Context().UpdateDSet(dset, connectivity);
+        return plain ? write.DrawerID() : drawer;
     }
 
-    ORXSimDatabase doc = ORXSimDatabase::CreateNew();
-    ORXSimCollection elements{doc.Focus().CreateTypedCollection(50, kType)};
-    ORXSimCollection locals{doc.Focus().CreateTypedCollection(8, kType)};
-    ORXSimCollection nodes{doc.Focus().CreateTypedCollection(20, kType)};
+    ORXSimCollection elements = Collection(50);
+    ORXSimCollection locals = Collection(8);
+    ORXSimCollection nodes = Collection(20);
     ORXSimDistributionID connectivity = [this]
     {
-        ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(2, 0);
+        CollectionIDArray grid(2, 0);
         grid.Get(0) = elements.ID();
         grid.Get(1) = locals.ID();
-        return doc.Focus().CreateTypedDistribution(ORXSimGrid(grid), kType, ORXSimRangeType(7, nodes.ID()));
+        return m_document.Focus().Context().CreateDistribution(
+            ORXSimGrid(grid), ORXSimRangeType(7, nodes.ID()), ORXSimTypeID(kType));
     }();
-    ORXSimDSetID dset = doc.Focus().Context().CreateDSet(connectivity, ORXSimTypeID(kType));
+    ORXSimDSetID dset = m_document.Focus().Context().CreateDSet(connectivity, ORXSimTypeID(kType));
 };
 } // namespace
 
-TEST_F(DSets, FollowTheirDistributionAfterUpdates)
+TEST_F(DSets, FollowTheirDistributionAfterAppends)
 {
     ORXSimDSet fresh(dset);
     EXPECT_FALSE(fresh.IsNull());
@@ -70,12 +65,13 @@ TEST_F(DSets, FollowTheirDistributionAfterUpdates)
 
     ORXSimDrawerID first = Append(ORXSimDrawerID(), 0, 5);
     Append(first, 5, 5);
-    Append(ORXSimDrawerID(), 20, 3); // a second kind, a second drawer
+    Append(ORXSimDrawerID(), 20, 3);       // a second kind, a second drawer
+    Append(ORXSimDrawerID(), 30, 2, true); // a plain drawer, made and written at once
     ORXSimDSet updated{ORXSimPosition(dset)};
     EXPECT_FALSE(updated.IsEmpty());
-    EXPECT_EQ(updated.GetCtation().NumCompartments(), 2);
+    EXPECT_EQ(updated.GetCtation().NumCompartments(), 3);
     EXPECT_EQ(Members(updated.Collect(elements.ID())),
-              (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 20, 21, 22}));
+              (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 20, 21, 22, 30, 31}));
     EXPECT_EQ(Members(updated.Collect(locals.ID())), (std::vector<int>{0, 1}));
 
     int const some[] = {3, 21, 40};
@@ -90,22 +86,35 @@ TEST_F(DSets, FollowTheirDistributionAfterUpdates)
 TEST_F(DSets, GivenBodiesRelateMembersOfSeveralCollections)
 {
     // Elements 0..9 have element spec record 1, elements 10..14 record 3.
-    ORXSimCollection specs(doc.Focus().CreateTypedCollection(4, kType));
-    ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> body(2, 0);
+    ORXSimCollection specs = Collection(4);
+    CompartmentArray compartments(2, 0);
     for (int i = 0; i < 2; ++i)
-    {
-        ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids(2, 0);
-        ids.Get(0) = elements.CreateCSetStrided(i * 10, i ? 5 : 10, 1, 1);
-        ids.Get(1) = specs.CreateCSetStrided(i ? 3 : 1, 1, 1, 1);
-        body.Get(i) = ORXSimCompartment(ids);
-    }
-    ORXSimDSetID assignment = doc.Focus().CreateTypedDSet(ORXSimCtation(body), kType);
-    ORXSimDSet dsetValue = ORXSimPosition(assignment).DSet();
-    EXPECT_TRUE(dsetValue.GetRelationalDistributionID().IsNull());
+        compartments.Get(i) = Compartment(elements.CreateCSetStrided(i * 10, i ? 5 : 10, 1, 1),
+                                          specs.CreateCSetStrided(i ? 3 : 1, 1, 1, 1));
+    EXPECT_EQ(compartments[1].Size(), 2);
+    EXPECT_EQ(compartments[1][0].Bounds().first, 10);
+    EXPECT_EQ(compartments[1].Position(specs.ID()), 1);
+    EXPECT_LT(compartments[1].Position(nodes.ID()), 0);
+    EXPECT_EQ(ORXSimCompartment().Size(), 0);
+    ORXSimCtation const body(compartments);
+    ORXSimCtation const copy(body);
+    EXPECT_EQ(copy.NumCompartments(), 2);
+    EXPECT_EQ(copy[1].Size(), 2);
+
+    ORXSimDSetID assignment = m_document.Focus().CreateTypedDSet(copy, kType);
+    EXPECT_EQ(ORXSimPosition(assignment).GetDSet(), assignment);
+    ORXSimDSet given = ORXSimPosition(assignment).DSet();
+    EXPECT_FALSE(given.IsEmpty());
+    EXPECT_TRUE(given.GetRelationalDistributionID().IsNull());
+    EXPECT_EQ(ORXSimDSet(ORXSimPosition(assignment)).GetCtation().NumCompartments(), 2);
+    EXPECT_EQ(given.Collect(elements.ID()).Size(), 15);
     ORXSimCSet spec =
-        dsetValue.Select(ORXSimCSet(elements.CreateTempCSetStrided(11, 2, 1, 1))).Collect(specs.ID());
+        given.Select(ORXSimCSet(elements.CreateTempCSetStrided(11, 2, 1, 1))).Collect(specs.ID());
     EXPECT_EQ(Members(spec), (std::vector<int>{3}));
-    EXPECT_EQ(spec.Bounds().first, 3);
+    ORXSimDSet const byClass = given.Select(ORXSimCSet(specs.CreateCSetStrided(1, 1, 1, 1)));
+    ASSERT_FALSE(byClass.IsNull());
+    EXPECT_EQ(byClass.Collect(elements.ID()).Size(), 10);
+    EXPECT_TRUE(given.Select(ORXSimCSet(nodes.CreateCSetStrided(0, 1, 1, 1))).IsNull());
 }
 
 TEST_F(DSets, FunctionTablesLabelTheirColumns)
@@ -115,7 +124,7 @@ TEST_F(DSets, FunctionTablesLabelTheirColumns)
     independent.push_back("Temperature");
     independent.push_back("Field_0");
     double const values[] = {1, 2, 3, 4, 5, 6, 7, 8};
-    ORXSimFTableID id = doc.Focus().CreateFTable(kType, 2, dependent, independent, values, 8);
+    ORXSimFTableID id = m_document.Focus().CreateFTable(kType, 2, dependent, independent, values, 8);
     ORXSimFTable table(ORXSimPosition(id).GetFTable());
     EXPECT_EQ(table.RowCount(), 2);
     EXPECT_EQ(table.ColumnCount(), 4);
@@ -125,30 +134,6 @@ TEST_F(DSets, FunctionTablesLabelTheirColumns)
     double read[8] = {};
     table.GetData(read, 8);
     EXPECT_EQ(read[5], 6.0);
-    EXPECT_THROW(doc.Focus().CreateFTable(kType, 3, dependent, independent, values, 8),
+    EXPECT_THROW(m_document.Focus().CreateFTable(kType, 3, dependent, independent, values, 8),
                  ORXSimDatabaseException);
-}
-
-TEST_F(DSets, MemberMapsAndBitVectors)
-{
-    int const firstMembers[] = {7, 3, 9};
-    int const secondMembers[] = {0, 1, 2};
-    ORXSimCSet first = nodes.CreateVolatileOrderedCSet(firstMembers, 3);
-    ORXSimCSet second = elements.CreateVolatileOrderedCSet(secondMembers, 3);
-    ORXBasSharedPtr<ORXSimCMemberMap> map = ORXSimCMemberMap::Create(first, second);
-    int const asked[] = {2, 0, 30};
-    ORXSimCSet mapped = map->MapCSet(elements.CreateVolatileOrderedCSet(asked, 3));
-    EXPECT_EQ(mapped.CollectionID(), nodes.ID());
-    EXPECT_EQ(Members(mapped), (std::vector<int>{9, 7}));
-
-    omi_BlkBitVect bits;
-    first.AsBitVector(bits);
-    EXPECT_TRUE(bits.GetBit(3));
-    EXPECT_TRUE(bits.GetBit(9));
-    EXPECT_FALSE(bits.GetBit(4));
-
-    ORXSimBtree<ORXSimDynamicID, int> chunkSizes;
-    chunkSizes.Insert(doc.Focus(), 100, false);
-    EXPECT_TRUE(chunkSizes.IsMember(doc.Focus()));
-    EXPECT_FALSE(chunkSizes.IsMember(ORXSimDynamicID()));
 }

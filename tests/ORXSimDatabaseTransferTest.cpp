@@ -1,28 +1,22 @@
 // Distributions, drawers and the five calling sequences of transfers, with their failures.
-#include <ORXSrvBasic.h>
+#include "DocumentFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <numeric>
 #include <vector>
 
 namespace
 {
-int const kType = vds_CoreFragmentTypeIndex(13, 5);
-typedef ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>
-    Descriptions;
+int const kType = Schema(13, 5);
 
-class Transfers : public ::testing::Test
+class Transfers : public DocumentFixture
 {
 protected:
     void SetUp() override
     {
-        ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(2, 0);
+        CollectionIDArray grid(2, 0);
         grid.Get(0) = nodes.ID();
         grid.Get(1) = components.ID();
-        coordinates = doc.Focus().CreateTypedDistribution(ORXSimGrid(grid), kType, ORXSimRangeType(4));
+        coordinates = m_document.Focus().CreateTypedDistribution(ORXSimGrid(grid), kType, ORXSimRangeType(4));
     }
-    void TearDown() override { doc.Close(); }
 
     ORXSimCSetID Run(ORXSimCollection const& c, int first, int count) const
     {
@@ -62,6 +56,10 @@ protected:
         read.RelinquishBuffers();
         return values;
     }
+    std::vector<double> ReadAll(ORXSimCSet const& nodeSet)
+    {
+        return Read(nodeSet, ORXSimCSet(Run(components, 0, 3)));
+    }
     static std::vector<double> Rows(int first, int count)
     {
         std::vector<double> v;
@@ -71,36 +69,80 @@ protected:
         return v;
     }
 
-    ORXSimDatabase doc = ORXSimDatabase::CreateNew();
-    ORXSimCollection nodes{doc.Focus().CreateTypedCollection(100, kType)};
-    ORXSimCollection components{doc.Focus().CreateTypedCollection(3, kType)};
+    ORXSimCollection nodes = Collection(100);
+    ORXSimCollection components = Collection(3);
     ORXSimDistributionID coordinates;
 };
 } // namespace
 
-TEST_F(Transfers, FreshDistributionKeepsElementZeroReadable)
+TEST_F(Transfers, DrawersAreDescribedAndFoundByEveryHandle)
 {
-    ORXSimDistribution distribution(coordinates);
-    EXPECT_EQ(distribution.NumDimensions(), 2);
-    EXPECT_EQ(distribution.Grid()[1], components.ID());
-    Descriptions made(1, 0), fresh;
+    ORXSimDistribution const distribution(coordinates);
+    ORXSimDistribution const copy(distribution);
+    EXPECT_EQ(copy.ID(), coordinates);
+    EXPECT_EQ(copy.NumDimensions(), 2);
+    EXPECT_EQ(copy.Grid().NumDimensions(), 2);
+    EXPECT_EQ(copy.Grid()[1], components.ID());
+    EXPECT_EQ(ORXSimPosition(coordinates).GetDistribution(), coordinates);
+    // With no drawers, element zero of a sized or a default array still reads as an empty description.
+    DrawerDescArray made(1, 0), fresh;
     distribution.QueryDrawers(made);
     distribution.QueryDrawers(fresh);
-    for (Descriptions* d : {&made, &fresh})
+    for (DrawerDescArray* d : {&made, &fresh})
     {
         EXPECT_EQ(d->Size(), 0);
+        EXPECT_EQ(d->ConstGet(0).NumDimensions(), 0);
         EXPECT_EQ(d->ConstGet(0).Domain().Size(), 0);
         EXPECT_LT(d->ConstGet(0).Domain().Position(nodes.ID()), 0);
     }
-    MakeDrawer(Run(nodes, 0, 4));
+
+    // Sequence 4, after a view with an empty dimension that asks for no buffer at all.
+    ORXSimTransfer emptyView{distribution};
+    emptyView.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+    emptyView.SetDim(0, Run(nodes, 0, 2)).SetDim(1, components.EmptyCSetID()).CheckView();
+    EXPECT_EQ(emptyView.RequiredBufferSize(0), 0u);
+    std::vector<double> values = Rows(0, 2);
+    ORXSimTransfer write{distribution};
+    write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+    write.SetDim(0, Run(nodes, 0, 2)).SetDim(1, Run(components, 0, 3)).CheckView();
+    ASSERT_EQ(write.RequiredBufferSize(0), values.size() * sizeof(double));
+    write.SetBuffer(values.data(), values.size() * sizeof(double));
+    write.ExecWrite();
+    write.RelinquishBuffers();
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 2))), values);
+
     distribution.QueryDrawers(made);
-    EXPECT_EQ(made.Size(), 1);
+    ASSERT_EQ(made.Size(), 1);
+    ORXSimPersistentDrawerDesc const& plain = made[0];
+    EXPECT_EQ(plain.ExtendableDim(), -1);
+    EXPECT_FALSE(plain.IsChunked());
+    EXPECT_EQ(plain.DataSizeItems(0), 6u);
+    EXPECT_EQ(plain.NumDimensions(), 2);
+    EXPECT_EQ(plain.Domain().CSet(0).Size(), 2);
+    EXPECT_EQ(plain.Domain().Position(components.ID()), 1);
+    EXPECT_LT(plain.Domain().Position(Collection(1).ID()), 0);
+    CSetIDArray domainIDs;
+    plain.Domain().CSetIDs(domainIDs);
+    ASSERT_EQ(domainIDs.Size(), 2);
+    EXPECT_FALSE(domainIDs[0].IsNull());
+
+    ORXSimArray<ORXSimDrawerID, ORXSimArrayCopyClassPolicy<ORXSimDrawerID>> ids;
+    distribution.DrawerIDArray(ids);
+    ASSERT_EQ(ids.Size(), 1);
+    EXPECT_EQ(ids[0], write.DrawerID());
+    EXPECT_EQ(ids[0], plain.DrawerID());
+    EXPECT_EQ(ids[0].DistributionID(), coordinates);
+    EXPECT_EQ(distribution.DrawerDescription(ids[0]).DataSizeItems(0), 6u);
+    EXPECT_EQ(ORXSimDrawer(ids[0]).Description().DrawerID(), ids[0]);
+    EXPECT_EQ(ORXSimDrawer(ORXSimPosition(ids[0])).ID(), ids[0]);
+    EXPECT_EQ(ORXSimPosition(ids[0]).GetDrawer(), ids[0]);
+    EXPECT_EQ(ORXSimDrawerID(ORXSimDynamicID(ids[0])), ids[0]);
 }
 
 TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
 {
     ORXSimDrawerID drawer = MakeDrawer(ORXSimCSet(Run(nodes, 0, 4)).AscendingID());
-    Descriptions drawers;
+    DrawerDescArray drawers;
     ORXSimDistribution(coordinates).QueryDrawers(drawers);
     ASSERT_EQ(drawers.Size(), 1);
     ORXSimPersistentDrawerDesc const& made = drawers[0];
@@ -120,17 +162,17 @@ TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
     ASSERT_EQ(drawers.Size(), 1);
     EXPECT_EQ(drawers[0].Domain().CSet(0).Size(), 10);
     EXPECT_EQ(drawers[0].DataSizeItems(0), 30u);
-    ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> ids;
+    CSetIDArray ids;
     drawers[0].Domain().CSetIDs(ids);
     EXPECT_TRUE(ORXSimCSet(ids[0]).SameMembers(ORXSimCSet(Run(nodes, 0, 10))));
-    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 10)), ORXSimCSet(Run(components, 0, 3))), Rows(0, 10));
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 10))), Rows(0, 10));
 
     // Members that fall between held ones keep every stored value in place.
     int const between[] = {20, 15};
     Append(drawer, nodes.CreateVolatileOrderedCSet(between, 2), {200, 201, 202, 150, 151, 152});
     Append(drawer, ORXSimCSet(Run(nodes, 12, 2)), Rows(12, 2));
     int const some[] = {20, 3, 12, 15};
-    EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(some, 4), ORXSimCSet(Run(components, 0, 3))),
+    EXPECT_EQ(ReadAll(nodes.CreateVolatileOrderedCSet(some, 4)),
               (std::vector<double>{200, 201, 202, 30, 31, 32, 120, 121, 122, 150, 151, 152}));
 }
 
@@ -143,6 +185,16 @@ TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
     int const comps[] = {2, 0};
     EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(pick, 2), components.CreateVolatileOrderedCSet(comps, 2)),
               (std::vector<double>{22, 20, 42, 40}));
+    int const backwards[] = {3, 0};
+    EXPECT_EQ(ReadAll(ORXSimCSet(nodes.CreateTempOrderedCSet(backwards, 2))),
+              (std::vector<double>{10, 11, 12, 40, 41, 42}));
+    // A named drawer, a volatile set, and the values asked for as doubles.
+    std::vector<double> one(2, 0);
+    ORXSimTransfer read{ORXSimDistribution(coordinates)};
+    read.SetRead().SetDrawer(drawer).SetBufferPadding(false).SetBufferType(4);
+    read.SetDim(0, nodes.CreateVolatileCSetStrided(1, 1, 1, 1)).SetDim(1, ORXSimCSet(Run(components, 1, 2)));
+    read.CheckView().SetBuffer(0, one.data(), one.size() * sizeof(double)).ExecRead();
+    EXPECT_EQ(one, (std::vector<double>{31, 32}));
     // Places the distribution does not hold stay as the caller left them.
     int const partly[] = {1, 50};
     EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(partly, 2), ORXSimCSet(Run(components, 1, 1)), 0.0),
@@ -182,20 +234,8 @@ TEST_F(Transfers, RunsOverRunsFindTheirRows)
               (std::vector<double>{280, 281, 282, 300, 301, 302, 320, 321, 322, 0, 341, 0, 0, 361, 0}));
 }
 
-TEST_F(Transfers, MakeAndWriteAtOnceAndExtend)
+TEST_F(Transfers, ExtendingADrawerAddsRows)
 {
-    std::vector<double> values = Rows(0, 3);
-    ORXSimTransfer write{ORXSimDistribution(coordinates)};
-    write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
-    write.SetDim(0, Run(nodes, 0, 3)).SetDim(1, Run(components, 0, 3)).CheckView();
-    write.SetBuffer(0, values.data(), write.RequiredBufferSize(0)).ExecWrite();
-    write.RelinquishBuffers();
-    ORXSimPersistentDrawerDesc plain = ORXSimDistribution(coordinates).DrawerDescription(write.DrawerID());
-    EXPECT_EQ(plain.ExtendableDim(), -1);
-    EXPECT_FALSE(plain.IsChunked());
-    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 3)), ORXSimCSet(Run(components, 0, 3))), values);
-
-    // Sequence 5 on an extendable drawer.
     ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 10, 2));
     Append(drawer, ORXSimCSet(Run(nodes, 10, 2)), Rows(10, 2));
     std::vector<double> more = Rows(12, 3);
@@ -207,7 +247,7 @@ TEST_F(Transfers, MakeAndWriteAtOnceAndExtend)
         .CheckView();
     EXPECT_EQ(extend.RequiredBufferSize(0), more.size() * sizeof(double));
     extend.SetBuffer(0, more.data(), more.size() * sizeof(double)).ExecWrite();
-    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 10, 5)), ORXSimCSet(Run(components, 0, 3))), Rows(10, 5));
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 10, 5))), Rows(10, 5));
     EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 5);
 }
 
@@ -220,10 +260,10 @@ TEST_F(Transfers, EmptyViewsAndBufferTypes)
     read.SetBuffer(0, nullptr, 0);
     read.ExecRead();
 
-    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> grid(1, 0);
+    CollectionIDArray grid(1, 0);
     grid.Get(0) = nodes.ID();
-    ORXSimDistributionID labels =
-        doc.Focus().Context().CreateDistribution(ORXSimGrid(grid), ORXSimRangeType(2), ORXSimTypeID(kType));
+    ORXSimDistributionID labels = m_document.Focus().Context().CreateDistribution(
+        ORXSimGrid(grid), ORXSimRangeType(2), ORXSimTypeID(kType));
     int ints[] = {7, 8, 9};
     ORXSimTransfer write{ORXSimDistribution(labels)};
     write.SetWrite().SetMakeNewDrawer().SetBufferPadding(false).SetDim(0, Run(nodes, 0, 3)).CheckView();
@@ -289,7 +329,7 @@ TEST_F(Transfers, ViewsThatDoNotFitRaiseAndWriteNothing)
             t.CheckView().SetBuffer(0, values.data(), 8 * sizeof(double)).ExecWrite();
         },
         "72");
-    ORXSimCollection more(doc.Focus().CreateTypedCollection(5, kType));
+    ORXSimCollection more(m_document.Focus().CreateTypedCollection(5, kType));
     raises(
         [&](ORXSimTransfer& t) {
             t.SetWrite()
@@ -301,10 +341,10 @@ TEST_F(Transfers, ViewsThatDoNotFitRaiseAndWriteNothing)
 
     // None of the failed transfers changed or widened the drawer.
     EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 4);
-    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 4)), ORXSimCSet(Run(components, 0, 3))), Rows(0, 4));
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 4))), Rows(0, 4));
 
     ORXSimDistribution distribution(coordinates);
-    doc.Close();
+    m_document.Close();
     EXPECT_THROW(ORXSimTransfer(distribution).SetRead().CheckView(), ORXSimDatabaseException);
 }
 
@@ -334,8 +374,7 @@ TEST_F(Transfers, SecondDimensionGrowsForLayeredDrawers)
         .SetDim(0, Run(nodes, 0, 2))
         .SetDim(1, Run(components, 2, 1));
     b.CheckView().SetBuffer(0, second, sizeof second).ExecWrite();
-    EXPECT_EQ(Read(ORXSimCSet(Run(nodes, 0, 2)), ORXSimCSet(Run(components, 0, 3))),
-              (std::vector<double>{1, 2, 5, 3, 4, 6}));
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 2))), (std::vector<double>{1, 2, 5, 3, 4, 6}));
 }
 
 TEST_F(Transfers, DrawerMemoryStaysCloseToItsValues)
