@@ -92,7 +92,7 @@ TEST_F(ORXObjDocumentTest, LibraryCollectionsAreMadeOnDemandAndReadBack)
     }
 }
 
-TEST_F(ORXObjDocumentTest, RecordsSymbolsAndDataRecords)
+TEST_F(ORXObjDocumentTest, SymbolsFindTheirMembers)
 {
     int const dofType = Schema(24, 2);
     ORXSimPosition collection = NewCollection(24, 2, 3);
@@ -107,8 +107,4 @@ TEST_F(ORXObjDocumentTest, RecordsSymbolsAndDataRecords)
     EXPECT_EQ(m_document.GetCMemberIndex(ORXSimPosition(m_document.GetSymbol(dofType, "U1", id))), 0);
     EXPECT_TRUE(ORXSimPosition(m_document.GetSymbol(dofType, "U2", id)).IsNull());
     EXPECT_TRUE(ORXSimPosition(m_document.GetSymbol(dofType, "", id)).IsNull());
-
-    ORXSimDataRecord record = m_document.CreateDataRecord(Schema(1, 0));
-    EXPECT_TRUE(record.Pos().IsA(Schema(1, 0)));
-    EXPECT_TRUE(Same(record.Pos().Focus(), m_document.Focus()));
 }

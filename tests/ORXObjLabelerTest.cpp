@@ -43,9 +43,9 @@ TEST_F(ORXObjLabelerTest, OccurrencesKeepTheOrderOfFirstDefinition)
     EXPECT_FALSE(labeler.IsInstanceValid(""));
 }
 
-TEST_F(ORXObjLabelerTest, LabelsComeAscendingWithTheirOrdinals)
+TEST_F(ORXObjLabelerTest, LabelsAndOrdinalsLeadToEachOther)
 {
-    ORXObjLabeler labeler(m_document, 0);
+    ORXObjLabeler labeler(m_document.Focus(), 0);
     labeler.Read();
     ORXBasVector<int> labels, ordinals;
     labeler.GetInstanceLabelsAndOrdinals("Beam-1", labels, ordinals);
@@ -55,12 +55,7 @@ TEST_F(ORXObjLabelerTest, LabelsComeAscendingWithTheirOrdinals)
     labeler.GetInstanceLabelsAndOrdinals("Nowhere", labels, ordinals);
     EXPECT_EQ(labels.size(), 0u);
     EXPECT_EQ(ordinals.size(), 0u);
-}
 
-TEST_F(ORXObjLabelerTest, OrdinalsLeadToTheirInstanceAndLabel)
-{
-    ORXObjLabeler labeler(m_document.Focus(), ORXObjLabelerNodes);
-    labeler.Read();
     ORXString instance = "untouched";
     ASSERT_TRUE(labeler.GetOccurrenceForFlatMeshOrdinal(5, instance));
     EXPECT_EQ(instance, "Beam-1");

@@ -1,6 +1,8 @@
 // Distributions, drawers and the five calling sequences of transfers, with their failures.
 #include "DocumentFixture.h"
 
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace
@@ -101,6 +103,12 @@ TEST_F(Transfers, DrawersAreDescribedAndFoundByEveryHandle)
     emptyView.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
     emptyView.SetDim(0, Run(nodes, 0, 2)).SetDim(1, components.EmptyCSetID()).CheckView();
     EXPECT_EQ(emptyView.RequiredBufferSize(0), 0u);
+    ORXSimTransfer read{distribution};
+    read.SetRead().SetBufferPadding(false).SetDim(0, nodes.EmptyCSetID()).SetDim(1, Run(components, 0, 3));
+    read.CheckView();
+    EXPECT_EQ(read.RequiredBufferSize(0), 0u);
+    read.SetBuffer(0, nullptr, 0);
+    read.ExecRead();
     std::vector<double> values = Rows(0, 2);
     ORXSimTransfer write{distribution};
     write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
@@ -174,6 +182,16 @@ TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
     int const some[] = {20, 3, 12, 15};
     EXPECT_EQ(ReadAll(nodes.CreateVolatileOrderedCSet(some, 4)),
               (std::vector<double>{200, 201, 202, 30, 31, 32, 120, 121, 122, 150, 151, 152}));
+
+    // Sequence 5: extend the drawer by new members.
+    std::vector<double> more = Rows(30, 3);
+    ORXSimTransfer extend{ORXSimDistribution(coordinates)};
+    extend.SetWrite().SetBufferPadding(false).SetDrawer(drawer);
+    extend.SetDimExtension(Run(nodes, 30, 3)).CheckView();
+    EXPECT_EQ(extend.RequiredBufferSize(0), more.size() * sizeof(double));
+    extend.SetBuffer(0, more.data(), more.size() * sizeof(double)).ExecWrite();
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 30, 3))), more);
+    EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 17);
 }
 
 TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
@@ -188,13 +206,6 @@ TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
     int const backwards[] = {3, 0};
     EXPECT_EQ(ReadAll(ORXSimCSet(nodes.CreateTempOrderedCSet(backwards, 2))),
               (std::vector<double>{10, 11, 12, 40, 41, 42}));
-    // A named drawer, a volatile set, and the values asked for as doubles.
-    std::vector<double> one(2, 0);
-    ORXSimTransfer read{ORXSimDistribution(coordinates)};
-    read.SetRead().SetDrawer(drawer).SetBufferPadding(false).SetBufferType(4);
-    read.SetDim(0, nodes.CreateVolatileCSetStrided(1, 1, 1, 1)).SetDim(1, ORXSimCSet(Run(components, 1, 2)));
-    read.CheckView().SetBuffer(0, one.data(), one.size() * sizeof(double)).ExecRead();
-    EXPECT_EQ(one, (std::vector<double>{31, 32}));
     // Places the distribution does not hold stay as the caller left them.
     int const partly[] = {1, 50};
     EXPECT_EQ(Read(nodes.CreateVolatileOrderedCSet(partly, 2), ORXSimCSet(Run(components, 1, 1)), 0.0),
@@ -234,32 +245,8 @@ TEST_F(Transfers, RunsOverRunsFindTheirRows)
               (std::vector<double>{280, 281, 282, 300, 301, 302, 320, 321, 322, 0, 341, 0, 0, 361, 0}));
 }
 
-TEST_F(Transfers, ExtendingADrawerAddsRows)
+TEST_F(Transfers, IntegersReadAsDoubles)
 {
-    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 10, 2));
-    Append(drawer, ORXSimCSet(Run(nodes, 10, 2)), Rows(10, 2));
-    std::vector<double> more = Rows(12, 3);
-    ORXSimTransfer extend{ORXSimDistribution(coordinates)};
-    extend.SetWrite()
-        .SetBufferPadding(false)
-        .SetDrawer(drawer)
-        .SetDimExtension(Run(nodes, 12, 3))
-        .CheckView();
-    EXPECT_EQ(extend.RequiredBufferSize(0), more.size() * sizeof(double));
-    extend.SetBuffer(0, more.data(), more.size() * sizeof(double)).ExecWrite();
-    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 10, 5))), Rows(10, 5));
-    EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 5);
-}
-
-TEST_F(Transfers, EmptyViewsAndBufferTypes)
-{
-    ORXSimTransfer read{ORXSimDistribution(coordinates)};
-    read.SetRead().SetBufferPadding(false).SetDim(0, nodes.EmptyCSetID()).SetDim(1, Run(components, 0, 3));
-    read.CheckView();
-    EXPECT_EQ(read.RequiredBufferSize(0), 0u);
-    read.SetBuffer(0, nullptr, 0);
-    read.ExecRead();
-
     CollectionIDArray grid(1, 0);
     grid.Get(0) = nodes.ID();
     ORXSimDistributionID labels = m_document.Focus().Context().CreateDistribution(
@@ -282,62 +269,43 @@ TEST_F(Transfers, ViewsThatDoNotFitRaiseAndWriteNothing)
 {
     ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 4));
     Append(drawer, ORXSimCSet(Run(nodes, 0, 4)), Rows(0, 4));
-    auto raises = [&](auto&& setUp, char const* words)
+    ORXSimCSetID const all = Run(components, 0, 3);
+    std::vector<double> values = Rows(3, 3);
+    ORXSimCollection const elsewhere = Collection(5);
+    struct Case
+    {
+        char const* words;
+        std::function<void(ORXSimTransfer&)> run;
+    };
+    Case const cases[] = {
+        {"dimension 1", [&](ORXSimTransfer& t) { t.SetRead().SetDim(0, Run(nodes, 0, 4)).CheckView(); }},
+        {"collection", [&](ORXSimTransfer& t) { t.SetRead().SetDim(0, all).SetDim(1, all).CheckView(); }},
+        {"3 of its 5 members", [&](ORXSimTransfer& t)
+         { t.SetRead().SetDrawer(drawer).SetDim(0, Run(nodes, 2, 5)).SetDim(1, all).CheckView(); }},
+        {"without SetAutoExtend", [&](ORXSimTransfer& t)
+         { t.SetWrite().SetDrawer(drawer).SetDim(0, Run(nodes, 3, 3)).SetDim(1, all).CheckView(); }},
+        {"72",
+         [&](ORXSimTransfer& t)
+         {
+             t.SetWrite().SetAutoExtend().SetDrawer(drawer).SetDim(0, Run(nodes, 3, 3)).SetDim(1, all);
+             t.CheckView().SetBuffer(0, values.data(), 8 * sizeof(double)).ExecWrite();
+         }},
+        {"lies in collection", [&](ORXSimTransfer& t)
+         { t.SetWrite().SetDrawer(drawer).SetDimExtension(Run(elsewhere, 0, 1)).CheckView(); }},
+    };
+    for (Case const& c : cases)
     {
         ORXSimTransfer transfer{ORXSimDistribution(coordinates)};
         try
         {
-            setUp(transfer);
-            ADD_FAILURE() << "no exception for " << words;
+            c.run(transfer);
+            ADD_FAILURE() << "no exception for " << c.words;
         }
         catch (ORXSimDatabaseException const& e)
         {
-            EXPECT_NE(std::string(e.what()).find(words), std::string::npos) << e.what();
+            EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
         }
-    };
-    raises([&](ORXSimTransfer& t) { t.SetRead().SetDim(0, Run(nodes, 0, 4)).CheckView(); }, "dimension 1");
-    raises([&](ORXSimTransfer& t)
-           { t.SetRead().SetDim(0, Run(components, 0, 3)).SetDim(1, Run(components, 0, 3)).CheckView(); },
-           "collection");
-    raises(
-        [&](ORXSimTransfer& t) {
-            t.SetRead()
-                .SetDrawer(drawer)
-                .SetDim(0, Run(nodes, 2, 5))
-                .SetDim(1, Run(components, 0, 3))
-                .CheckView();
-        },
-        "3 of its 5 members");
-    std::vector<double> values = Rows(3, 3);
-    raises(
-        [&](ORXSimTransfer& t) {
-            t.SetWrite()
-                .SetDrawer(drawer)
-                .SetDim(0, Run(nodes, 3, 3))
-                .SetDim(1, Run(components, 0, 3))
-                .CheckView();
-        },
-        "without SetAutoExtend");
-    raises(
-        [&](ORXSimTransfer& t)
-        {
-            t.SetWrite()
-                .SetAutoExtend()
-                .SetDrawer(drawer)
-                .SetDim(0, Run(nodes, 3, 3))
-                .SetDim(1, Run(components, 0, 3));
-            t.CheckView().SetBuffer(0, values.data(), 8 * sizeof(double)).ExecWrite();
-        },
-        "72");
-    ORXSimCollection more(m_document.Focus().CreateTypedCollection(5, kType));
-    raises(
-        [&](ORXSimTransfer& t) {
-            t.SetWrite()
-                .SetDrawer(drawer)
-                .SetDimExtension(more.CreateTempCSetStrided(0, 1, 1, 1))
-                .CheckView();
-        },
-        "lies in collection");
+    }
 
     // None of the failed transfers changed or widened the drawer.
     EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 4);
@@ -354,26 +322,17 @@ TEST_F(Transfers, SecondDimensionGrowsForLayeredDrawers)
     chunks.Get(0) = 1;
     chunks.Get(1) = 2;
     ORXSimTransfer make{ORXSimDistribution(coordinates)};
-    make.SetMakeNewDrawerChunked(chunks)
-        .SetExtendableDim(1)
-        .SetDim(0, Run(nodes, 0, 2))
-        .SetDim(1, Run(components, 0, 2));
-    make.CheckView().ExecMake();
+    make.SetMakeNewDrawerChunked(chunks).SetExtendableDim(1);
+    make.SetDim(0, Run(nodes, 0, 2)).SetDim(1, Run(components, 0, 2)).CheckView().ExecMake();
     double first[] = {1, 2, 3, 4}, second[] = {5, 6};
     ORXSimTransfer a{ORXSimDistribution(coordinates)};
-    a.SetWrite()
-        .SetAutoExtend()
-        .SetDrawer(make.DrawerID())
-        .SetDim(0, Run(nodes, 0, 2))
-        .SetDim(1, Run(components, 0, 2));
-    a.CheckView().SetBuffer(0, first, sizeof first).ExecWrite();
+    a.SetWrite().SetAutoExtend().SetDrawer(make.DrawerID());
+    a.SetDim(0, Run(nodes, 0, 2)).SetDim(1, Run(components, 0, 2)).CheckView();
+    a.SetBuffer(0, first, sizeof first).ExecWrite();
     ORXSimTransfer b{ORXSimDistribution(coordinates)};
-    b.SetWrite()
-        .SetAutoExtend()
-        .SetDrawer(make.DrawerID())
-        .SetDim(0, Run(nodes, 0, 2))
-        .SetDim(1, Run(components, 2, 1));
-    b.CheckView().SetBuffer(0, second, sizeof second).ExecWrite();
+    b.SetWrite().SetAutoExtend().SetDrawer(make.DrawerID());
+    b.SetDim(0, Run(nodes, 0, 2)).SetDim(1, Run(components, 2, 1)).CheckView();
+    b.SetBuffer(0, second, sizeof second).ExecWrite();
     EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 2))), (std::vector<double>{1, 2, 5, 3, 4, 6}));
 }
 
