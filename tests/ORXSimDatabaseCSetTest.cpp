@@ -123,12 +123,8 @@ TEST_F(CSets, AlgebraStartsFromTheEmptySetOfACollection)
     EXPECT_EQ(u.CollectionID(), nodes.ID());
     EXPECT_TRUE(u.ID().IsNull());
 
-    ORXSimCSet y(nodes.CreateCSetStrided(12, 10, 1, 1));
-    EXPECT_EQ(Members(x.Union(y)), Members(ORXSimCSet(nodes.CreateCSetStrided(10, 12, 1, 1))));
-    EXPECT_EQ(Members(x.Intersection(y)), (std::vector<int>{12, 13, 14}));
-    EXPECT_EQ(Members(x - y), (std::vector<int>{10, 11}));
-    EXPECT_EQ(Members(y - x).size(), 7u);
     EXPECT_TRUE((x - x).IsEmpty());
+    EXPECT_TRUE(x.Intersection(ORXSimCSet(nodes.CreateCSetStrided(20, 5, 1, 1))).IsEmpty());
     EXPECT_THROW(x.Union(ORXSimCSet(Collection(10).CreateCSetStrided(0, 2, 1, 1))), ORXSimDatabaseException);
 
     // Sets apart from each other join end to end, in either order, into a run where they meet.
