@@ -5,6 +5,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -49,23 +50,23 @@ template <class Tree> std::vector<int> Walk(Tree const& tree, bool ascending)
 }
 } // namespace
 
-TEST(ORXSimBtree, AscendingInsertsRotateOnlyAtTheFourthKey)
+TEST(ORXSimBtree, InsertsRotateOnlyWhenTheRootSeesADifferenceOfTwo)
 {
-    IntTree tree = Build({1, 2, 3});
-    EXPECT_EQ(Shape(tree.Root()), "(. 1:2 (. 2:1 (. 3:0 .)))");
-    tree.Insert(4, 40, false);
-    EXPECT_EQ(tree.Root()->GetKey(), 2);
-    EXPECT_EQ(Shape(tree.Root()), "((. 1:0 .) 2:2 (. 3:1 (. 4:0 .)))");
-    EXPECT_EQ(tree.Size(), 4);
-}
-
-TEST(ORXSimBtree, InnerHeavySubtreeIsOnlyTurnedOver)
-{
-    // 3, 1, 2 leaves the root with l = 1 and r = 0 after the last insert: no rotation at all.
-    EXPECT_EQ(Shape(Build({3, 1, 2}).Root()), "((. 1:1 (. 2:0 .)) 3:2 .)");
-    // The root sees r - l = 2 and rotates left although the right subtree is inner-heavy.
-    EXPECT_EQ(Shape(Build({50, 25, 75, 60, 90, 55}).Root()),
-              "(((. 25:0 .) 50:2 ((. 55:0 .) 60:1 .)) 75:3 (. 90:0 .))");
+    std::pair<std::vector<int>, char const*> const cases[] = {
+        // Ascending inserts rotate only at the fourth key.
+        {{1, 2, 3}, "(. 1:2 (. 2:1 (. 3:0 .)))"},
+        {{1, 2, 3, 4}, "((. 1:0 .) 2:2 (. 3:1 (. 4:0 .)))"},
+        // 3, 1, 2 leaves the root with l = 1 and r = 0 after the last insert: no rotation at all.
+        {{3, 1, 2}, "((. 1:1 (. 2:0 .)) 3:2 .)"},
+        // The root sees r - l = 2 and rotates left although the right subtree is inner-heavy.
+        {{50, 25, 75, 60, 90, 55}, "(((. 25:0 .) 50:2 ((. 55:0 .) 60:1 .)) 75:3 (. 90:0 .))"},
+    };
+    for (auto const& [keys, shape] : cases)
+    {
+        IntTree tree = Build(keys);
+        EXPECT_EQ(Shape(tree.Root()), shape);
+        EXPECT_EQ(tree.Size(), static_cast<int>(keys.size()));
+    }
 }
 
 TEST(ORXSimBtree, EqualKeyKeepsSizeAndReportsFalse)

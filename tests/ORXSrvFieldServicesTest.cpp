@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace
@@ -33,20 +35,14 @@ std::vector<int> GridTypesOf(char const* label)
 
 TEST(ORXSrvFieldServicesLabels, GetComponentReadsOnlyTheRowBehindTheFirstMatch)
 {
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("E12", false), 5);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("E12", true), 9);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("E11", false), 1);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("E11", true), 1);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("CKE13", true), 9);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("ER13", true), 11);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("PEVAVG12", true), 5);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("DG31", true), 21);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("MISES", false), 38);
-    // The last real row: the terminator behind it differs from every label.
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("SNDFLG", true), 38);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("NOSUCHLABEL", true), 38);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("", false), 38);
-    EXPECT_EQ(ORXSrvFieldServices::GetComponent("e12", false), 38);
+    // "SNDFLG" is the last real row: the terminator behind it differs from every label.
+    std::tuple<char const*, bool, int> const cases[] = {
+        {"E12", false, 5},    {"E12", true, 9},     {"E11", false, 1},         {"E11", true, 1},
+        {"CKE13", true, 9},   {"ER13", true, 11},   {"PEVAVG12", true, 5},     {"DG31", true, 21},
+        {"MISES", false, 38}, {"SNDFLG", true, 38}, {"NOSUCHLABEL", true, 38}, {"", false, 38},
+        {"e12", false, 38}};
+    for (auto const& [label, second, component] : cases)
+        EXPECT_EQ(ORXSrvFieldServices::GetComponent(label, second), component) << label << second;
 }
 
 TEST(ORXSrvFieldServicesLabels, GridTypesAreEnumeratedRowByRow)
@@ -77,38 +73,36 @@ TEST(ORXSrvFieldServicesLabels, TheCursorIsSharedBetweenLabels)
     EXPECT_EQ(ORXSrvFieldServices::GetGridTypeFromVariableLabel("CNF1", true), Grid(23, 20));
 }
 
-TEST(ORXSrvFieldServicesLabels, VariableAndComponentLabelsOfAFieldType)
+TEST(ORXSrvFieldServicesLabels, LabelsAndFieldTypes)
 {
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("", -1).CStr(), "UNDEFINED");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("NULL", -1).CStr(), "UNDEFINED");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("NULLX", -1).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("NOSUCHTYPE", -1).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("A_D", -1).CStr(), "A");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("A_D", Grid(13, 9)).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("AC_YIELD", Grid(13, 8)).CStr(), "AC YIELD");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("P", -1).CStr(), "AVGPRESS");
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("P", Grid(23, 19)).CStr(), "P");
-    // A family without whole-variable label.
-    EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel("CRACK2", -1).CStr(), "");
+    // "CRACK2" is a family without whole-variable label.
+    std::tuple<char const*, int, char const*> const variables[] = {
+        {"", -1, "UNDEFINED"},    {"NULL", -1, "UNDEFINED"},
+        {"NULLX", -1, ""},        {"NOSUCHTYPE", -1, ""},
+        {"A_D", -1, "A"},         {"A_D", Grid(13, 9), ""},
+        {"P", -1, "AVGPRESS"},    {"AC_YIELD", Grid(13, 8), "AC YIELD"},
+        {"P", Grid(23, 19), "P"}, {"CRACK2", -1, ""}};
+    for (auto const& [fieldType, gridType, label] : variables)
+        EXPECT_STREQ(ORXSrvFieldServices::GetVariableLabel(fieldType, gridType).CStr(), label) << fieldType;
 
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("NULL", 1, -1).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("", 38, -1).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("A_D", 12, -1).CStr(), "A2");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("A_D", vds_ComponentNone, -1).CStr(), "A");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("E0", 9, Grid(13, 11)).CStr(), "E12");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("E0", 9, Grid(23, 94)).CStr(), "");
-    EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel("CDSTRESS", 20, -1).CStr(), "CDPRESS");
-}
+    std::tuple<char const*, int, int, char const*> const components[] = {
+        {"NULL", 1, -1, ""},
+        {"", 38, -1, ""},
+        {"A_D", 12, -1, "A2"},
+        {"A_D", int(vds_ComponentNone), -1, "A"},
+        {"E0", 9, Grid(13, 11), "E12"},
+        {"E0", 9, Grid(23, 94), ""},
+        {"CDSTRESS", 20, -1, "CDPRESS"}};
+    for (auto const& [fieldType, component, gridType, label] : components)
+        EXPECT_STREQ(ORXSrvFieldServices::GetComponentLabel(fieldType, component, gridType).CStr(), label)
+            << fieldType << " " << component;
 
-TEST(ORXSrvFieldServicesLabels, FieldTypeOfTheFirstRow)
-{
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("CNF1").CStr(), "CNF_D");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("AC YIELD").CStr(), "AC_YIELD");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("AVGPRESS").CStr(), "P");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("SNDFLG").CStr(), "PROCESSOR");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("").CStr(), "UNDEFINED");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("NULL").CStr(), "UNDEFINED");
-    EXPECT_STREQ(ORXSrvFieldServices::GetFieldType("NOSUCHLABEL").CStr(), "UNDEFINED");
+    // The field type of a label's first row.
+    std::pair<char const*, char const*> const fieldTypes[] = {
+        {"CNF1", "CNF_D"}, {"AC YIELD", "AC_YIELD"}, {"AVGPRESS", "P"},           {"SNDFLG", "PROCESSOR"},
+        {"", "UNDEFINED"}, {"NULL", "UNDEFINED"},    {"NOSUCHLABEL", "UNDEFINED"}};
+    for (auto const& [label, fieldType] : fieldTypes)
+        EXPECT_STREQ(ORXSrvFieldServices::GetFieldType(label).CStr(), fieldType) << label;
 }
 
 TEST(ORXSrvFieldServicesLabels, ComponentsOnTheFirstGridTypeInRowOrder)
@@ -225,20 +219,16 @@ TEST_F(ORXSrvFieldFTable, MakesTheTableAndTheDistribution)
     EXPECT_EQ(stored, table);
 
     EXPECT_EQ(ReadField(field, 3), values);
-}
 
-TEST_F(ORXSrvFieldFTable, OneLabelMakesOneColumn)
-{
-    ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> labels;
-    labels.PushBack("Value");
-    std::vector<double> table = {4, 5};
-    std::vector<double> values = {7, 8, 9, 10};
-    ORXSimPosition const field = ORXSrvFieldServices::CreateFieldFTable(m_document, labels, table.data(), 2,
-                                                                        m_targetSet, values.data(), 0);
-    ORXSimFTable const ftable(field.GetPosition(Schema(13, 44)).GetFTable());
-    EXPECT_EQ(ftable.RowCount(), 2);
-    EXPECT_EQ(ftable.ColumnCount(), 1);
-    EXPECT_EQ(ReadField(field, 1), values);
+    // One label makes one column.
+    labels.SetSize(1);
+    std::vector<double> single = {7, 8, 9, 10};
+    ORXSimPosition const narrow = ORXSrvFieldServices::CreateFieldFTable(m_document, labels, table.data(), 2,
+                                                                         m_targetSet, single.data(), 0);
+    ORXSimFTable const column(narrow.GetPosition(Schema(13, 44)).GetFTable());
+    EXPECT_EQ(column.RowCount(), 2);
+    EXPECT_EQ(column.ColumnCount(), 1);
+    EXPECT_EQ(ReadField(narrow, 1), single);
 }
 
 TEST_F(ORXSrvFieldServicesDatabase, FieldPositionOfTheMatchingAssignment)

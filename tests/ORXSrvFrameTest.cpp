@@ -36,27 +36,22 @@ void ExpectLoadState()
 }
 } // namespace
 
-TEST(ORXSrvLifecycle, LoadStartedTheLibraryAndInstalledTheInvalidParameterHandler)
+TEST(ORXSrvLifecycle, OnlyTheOutermostStartAndStopDoTheWork)
 {
     EXPECT_NE(_get_invalid_parameter_handler(), nullptr);
     EXPECT_EQ(ORX_FRAMEWORK_INTERNAL_ORXSrvBasic(), 1);
     ExpectLoadState();
-}
 
-TEST(ORXSrvLifecycle, SecondStartOnlyMovesTheCounter)
-{
+    // A second start only moves the counter.
     int tally = 0;
     ORXSrvBasic_initialize(tally);
     EXPECT_EQ(tally, 0);
     ORXSrvBasic_finalize(tally);
     EXPECT_EQ(tally, 0);
     ExpectLoadState();
-}
 
-TEST(ORXSrvLifecycle, UnmatchedStopLeavesMinusOneAndTheNextStartDoesNothing)
-{
+    // An unmatched stop leaves the counter at -1, and the next start does nothing.
     EXPECT_EQ(StopFromLoadState(), -kFullChain);
-    int tally = 0;
     ORXSrvBasic_finalize(tally);
     EXPECT_EQ(tally, 0);
     ORXSrvBasic_initialize(tally);
@@ -65,24 +60,18 @@ TEST(ORXSrvLifecycle, UnmatchedStopLeavesMinusOneAndTheNextStartDoesNothing)
     ExpectLoadState();
 }
 
-TEST(ORXSrvLifecycle, DetachWithARaisedCounterOnlyLowersIt)
+TEST(ORXSrvLifecycle, DetachStopsEverythingOnlyAtTheLoadCount)
 {
     int tally = 0;
     ORXSrvBasic_initialize(tally);
     EXPECT_EQ(DllMain(nullptr, 0, nullptr), 1);
-    EXPECT_EQ(tally, 0);
+    EXPECT_EQ(tally, 0); // a raised counter is only lowered
     ExpectLoadState();
-}
 
-TEST(ORXSrvLifecycle, DetachAtTheLoadCountStopsEverything)
-{
     EXPECT_EQ(DllMain(nullptr, 0, nullptr), 1);
     EXPECT_EQ(RestartFromStopped(), kFullChain);
-    ExpectLoadState();
-}
 
-TEST(ORXSrvLifecycle, ThreadReasonsReturnOneAndTouchNothing)
-{
+    // Thread reasons return 1 and touch nothing.
     EXPECT_EQ(DllMain(nullptr, 2, nullptr), 1);
     EXPECT_EQ(DllMain(nullptr, 3, nullptr), 1);
     ExpectLoadState();
@@ -327,27 +316,6 @@ TEST_F(ChecksTest, AssertReportsThenTestsAgainThenThrows)
     EXPECT_EQ(g_report.line, line);
 }
 
-TEST_F(ChecksTest, PassingChecksDoNothing)
-{
-    ORXSrvAssert(g_value == 2);
-    ORXSrvThrowCheck(g_value == 2);
-    ORXSrvFatalCheck(g_value == 2);
-    EXPECT_EQ(g_report.count, 0);
-}
-
-TEST_F(ChecksTest, ConditionWithCommasKeepsItsText)
-{
-    try
-    {
-        ORXSrvThrowCheck(std::is_same_v<int, long>);
-        FAIL() << "no exception";
-    }
-    catch (ORXBasAssertException const& failure)
-    {
-        EXPECT_STREQ(failure.what(), "std::is_same_v<int, long>");
-    }
-}
-
 TEST_F(ChecksTest, AssertRepairedByTheReportEndsWithExitOne)
 {
     ORXSimUttAssert::SetAssertionFailureHandler(RepairValue);
@@ -359,8 +327,11 @@ TEST_F(ChecksTest, AssertRepairedByTheReportEndsWithExitOne)
         ::testing::ExitedWithCode(1), "");
 }
 
-TEST_F(ChecksTest, ThrowCheckRaisesWithoutReport)
+TEST_F(ChecksTest, ThrowCheckRaisesWithoutReportAndPassingChecksDoNothing)
 {
+    ORXSrvAssert(g_value == 2);
+    ORXSrvThrowCheck(g_value == 2);
+    ORXSrvFatalCheck(g_value == 2);
     int const line = __LINE__ + 3;
     try
     {
@@ -372,6 +343,15 @@ TEST_F(ChecksTest, ThrowCheckRaisesWithoutReport)
         EXPECT_STREQ(failure.what(), "\"only chunked drawers are extendable\" == 0");
         EXPECT_STREQ(failure.File(), __FILE__);
         EXPECT_EQ(failure.Line(), line);
+    }
+    try
+    {
+        ORXSrvThrowCheck(std::is_same_v<int, long>);
+        FAIL() << "no exception";
+    }
+    catch (ORXBasAssertException const& failure)
+    {
+        EXPECT_STREQ(failure.what(), "std::is_same_v<int, long>"); // commas keep the text whole
     }
     EXPECT_EQ(g_report.count, 0);
 }

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
 {
 char const* const kParserPath = "ORXSrvSimServices/ORXSrvKwd.m/src/ORXSrvKeywordParser";
+char const* const kCallbackNames[] = {"node", "other", "unknown", "ambiguous", "silent"};
 
 // What the recording callbacks saw, in call order.
 struct CallLog
@@ -17,56 +19,26 @@ struct CallLog
     std::vector<std::vector<std::string>> parameters;
 };
 
-void Record(char const* name, ORXString const& keyword, KeywordParameters const& parameters, void* userData)
+// Records the call under its name; all but "silent" then skip to the next keyword as callbacks must.
+template <int Name>
+void Recording(ORXString const& keyword, KeywordParameters const& parameters, ORXSrvKeywordParser& parser,
+               void* userData)
 {
     auto& log = *static_cast<CallLog*>(userData);
-    log.callbacks.push_back(name);
+    log.callbacks.push_back(kCallbackNames[Name]);
     log.keywords.push_back(keyword.CStr());
     log.parameters.push_back(ToStrings(parameters));
+    if (Name != 4)
+        parser.SkipToNextKeyword();
 }
-
-void NodeCallback(ORXString const& keyword, KeywordParameters const& parameters, ORXSrvKeywordParser& parser,
-                  void* userData)
-{
-    Record("node", keyword, parameters, userData);
-    parser.SkipToNextKeyword();
-}
-
-void OtherCallback(ORXString const& keyword, KeywordParameters const& parameters, ORXSrvKeywordParser& parser,
-                   void* userData)
-{
-    Record("other", keyword, parameters, userData);
-    parser.SkipToNextKeyword();
-}
-
-void SilentCallback(ORXString const& keyword, KeywordParameters const& parameters, ORXSrvKeywordParser&,
-                    void* userData)
-{
-    Record("silent", keyword, parameters, userData);
-}
-
-void UnknownCallback(ORXString const& keyword, KeywordParameters const& parameters,
-                     ORXSrvKeywordParser& parser, void* userData)
-{
-    Record("unknown", keyword, parameters, userData);
-    parser.SkipToNextKeyword();
-}
-
-void AmbiguousCallback(ORXString const& keyword, KeywordParameters const& parameters,
-                       ORXSrvKeywordParser& parser, void* userData)
-{
-    Record("ambiguous", keyword, parameters, userData);
-    parser.SkipToNextKeyword();
-}
+KeywordCallback const NodeCallback = Recording<0>;
+KeywordCallback const OtherCallback = Recording<1>;
+KeywordCallback const UnknownCallback = Recording<2>;
+KeywordCallback const AmbiguousCallback = Recording<3>;
+KeywordCallback const SilentCallback = Recording<4>;
 
 // The keyword and parameters of the first keyword line of a deck.
-struct ParsedLine
-{
-    std::string keyword;
-    std::vector<std::string> parameters;
-};
-
-ParsedLine ParseFirstKeyword(std::string text)
+std::pair<std::string, std::vector<std::string>> ParseFirstKeyword(std::string text)
 {
     KeywordDeck deck(std::move(text));
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
@@ -79,77 +51,46 @@ ParsedLine ParseFirstKeyword(std::string text)
 
 // ---- Line reading -------------------------------------------------------------------------------
 
-TEST(KeywordParserReadline, TrimsLeadingBlanksAndKeepsTheNewlineWithBlanksBeforeIt)
+TEST(KeywordParserReadline, LinesAreTrimmedSplitAndEndOnlyAfterTheLastRead)
 {
-    KeywordDeck deck(" \t\r ab  \n   \n\n  last \t");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_STREQ(parser.Readline(), "ab  \n");
-    EXPECT_STREQ(parser.Readline(), "\n");
-    EXPECT_STREQ(parser.Readline(), "\n");
-    // A last line without newline loses its trailing blanks, and the end is noticed only afterwards.
-    EXPECT_STREQ(parser.Readline(), "last");
-    EXPECT_FALSE(parser.IsEndOfFile());
-    EXPECT_STREQ(parser.Readline(), "");
-    EXPECT_TRUE(parser.IsEndOfFile());
-    EXPECT_STREQ(parser.Readline(), "");
-    EXPECT_EQ(parser.LineNumber(), 6);
-}
+    struct Case
+    {
+        std::string text;
+        std::vector<std::string> lines; // each read before the end is noticed
+    };
+    Case const cases[] = {
+        // Leading blanks go; blanks before a newline stay; a last line without newline loses them.
+        {" \t\r ab  \n   \n\n  last \t", {"ab  \n", "\n", "\n", "last"}},
+        {"abc\r\n", {"abc\r\n"}},
+        // Overlong lines arrive in pieces of 255 bytes; a piece loses its trailing blanks.
+        {std::string(300, 'x') + "\nnext\n", {std::string(255, 'x'), std::string(45, 'x') + "\n", "next\n"}},
+        {std::string(255, 'y') + "\n" + std::string(256, 'z') + "\n",
+         {std::string(255, 'y'), "\n", std::string(255, 'z'), "z\n"}},
+        {std::string(250, 'a') + std::string(10, ' ') + "b\n", {std::string(250, 'a'), "b\n"}},
+        // A line starting with a NUL byte is empty but not the end.
+        {std::string("\0abc\nx\n", 7), {"", "x\n"}},
+    };
+    for (Case const& c : cases)
+    {
+        SCOPED_TRACE(c.text.substr(0, 20));
+        KeywordDeck deck(c.text);
+        ORXSrvKeywordParser parser(deck.Stream(), nullptr);
+        for (std::string const& line : c.lines)
+        {
+            EXPECT_EQ(parser.Readline(), line);
+            EXPECT_FALSE(parser.IsEndOfFile());
+        }
+        EXPECT_STREQ(parser.Readline(), "");
+        EXPECT_TRUE(parser.IsEndOfFile());
+        EXPECT_STREQ(parser.Readline(), "");
+        EXPECT_EQ(parser.LineNumber(), static_cast<int>(c.lines.size()) + 2);
+    }
 
-TEST(KeywordParserReadline, CarriageReturnBeforeNewlineIsKept)
-{
-    KeywordDeck deck("abc\r\n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_STREQ(parser.Readline(), "abc\r\n");
-}
-
-TEST(KeywordParserReadline, OverlongLineArrivesInPiecesOf255Bytes)
-{
-    KeywordDeck deck(std::string(300, 'x') + "\nnext\n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_EQ(std::string(parser.Readline()), std::string(255, 'x'));
-    EXPECT_EQ(std::string(parser.Readline()), std::string(45, 'x') + "\n");
-    EXPECT_EQ(parser.LineNumber(), 2);
-    EXPECT_STREQ(parser.Readline(), "next\n");
-}
-
-TEST(KeywordParserReadline, LinesOf255And256BytesSpillTheirEndIntoAnotherLine)
-{
-    KeywordDeck deck(std::string(255, 'y') + "\n" + std::string(256, 'z') + "\n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_EQ(std::string(parser.Readline()), std::string(255, 'y'));
-    EXPECT_STREQ(parser.Readline(), "\n");
-    EXPECT_EQ(std::string(parser.Readline()), std::string(255, 'z'));
-    EXPECT_STREQ(parser.Readline(), "z\n");
-    EXPECT_FALSE(parser.IsEndOfFile());
-    EXPECT_STREQ(parser.Readline(), "");
-    EXPECT_TRUE(parser.IsEndOfFile());
-    EXPECT_EQ(parser.LineNumber(), 5);
-}
-
-TEST(KeywordParserReadline, PieceOfOverlongLineLosesItsTrailingBlanks)
-{
-    KeywordDeck deck(std::string(250, 'a') + std::string(10, ' ') + "b\n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_EQ(std::string(parser.Readline()), std::string(250, 'a'));
-    EXPECT_STREQ(parser.Readline(), "b\n");
-}
-
-TEST(KeywordParserReadline, LineStartingWithNulByteIsEmptyButNotTheEnd)
-{
-    KeywordDeck deck(std::string("\0abc\nx\n", 7));
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_STREQ(parser.Readline(), "");
-    EXPECT_FALSE(parser.IsEndOfFile());
-    EXPECT_STREQ(parser.Readline(), "x\n");
-}
-
-TEST(KeywordParserReadline, StreamErrorEndsTheInputLikeTheEnd)
-{
     char text[16] = "";
     FILE* writeOnly = fmemopen(text, sizeof text, "w");
-    ORXSrvKeywordParser parser(writeOnly, nullptr);
-    EXPECT_STREQ(parser.Readline(), "");
-    EXPECT_TRUE(parser.IsEndOfFile());
+    ORXSrvKeywordParser failing(writeOnly, nullptr);
+    EXPECT_STREQ(failing.Readline(), ""); // a stream error ends the input like the end
+    EXPECT_TRUE(failing.IsEndOfFile());
     std::fclose(writeOnly);
 }
 
@@ -157,13 +98,10 @@ TEST(KeywordParserReadline, ClassifiesKeywordAndCommentLines)
 {
     KeywordDeck deck("");
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    EXPECT_TRUE(parser.IsKeyword("*NODE\n"));
-    EXPECT_TRUE(parser.IsKeyword(" \t* heading"));
-    EXPECT_FALSE(parser.IsKeyword("*1abc"));
-    EXPECT_FALSE(parser.IsKeyword("**abc"));
-    EXPECT_FALSE(parser.IsKeyword("*"));
-    EXPECT_FALSE(parser.IsKeyword("*\n"));
-    EXPECT_FALSE(parser.IsKeyword("1, 2"));
+    for (char const* line : {"*NODE\n", " \t* heading"})
+        EXPECT_TRUE(parser.IsKeyword(line)) << line;
+    for (char const* line : {"*1abc", "**abc", "*", "*\n", "1, 2"})
+        EXPECT_FALSE(parser.IsKeyword(line)) << line;
     EXPECT_TRUE(parser.IsComment("**"));
     EXPECT_TRUE(parser.IsComment("** note"));
     EXPECT_FALSE(parser.IsComment("*"));
@@ -172,7 +110,7 @@ TEST(KeywordParserReadline, ClassifiesKeywordAndCommentLines)
 
 // ---- Push-back ----------------------------------------------------------------------------------
 
-TEST(KeywordParserPushBack, StashedLineComesBackUntrimmedAtTheBufferStart)
+TEST(KeywordParserPushBack, StashedLineComesBackUntrimmedAndUncounted)
 {
     KeywordDeck deck("  *Node, a\nnext\n");
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
@@ -180,10 +118,19 @@ TEST(KeywordParserPushBack, StashedLineComesBackUntrimmedAtTheBufferStart)
     ASSERT_STREQ(line, "*Node, a\n");
     parser.Buffer(line);
     EXPECT_EQ(parser.LineNumber(), 0);
-    char const* again = parser.Readline();
-    EXPECT_STREQ(again, "*Node, a\n");
+    EXPECT_STREQ(parser.Readline(), "*Node, a\n");
     EXPECT_EQ(parser.LineNumber(), 1);
     EXPECT_STREQ(parser.Readline(), "next\n");
+
+    // A stashed line is delivered even after the end.
+    KeywordDeck last("*last");
+    ORXSrvKeywordParser atEnd(last.Stream(), nullptr);
+    std::string text = atEnd.Readline();
+    EXPECT_STREQ(atEnd.Readline(), "");
+    ASSERT_TRUE(atEnd.IsEndOfFile());
+    atEnd.Buffer(text.c_str());
+    EXPECT_STREQ(atEnd.Readline(), "*last");
+    EXPECT_TRUE(atEnd.IsEndOfFile());
 }
 
 TEST(KeywordParserPushBack, SameTextTwiceCountsTwiceAndDifferentTextIsReported)
@@ -203,18 +150,6 @@ TEST(KeywordParserPushBack, SameTextTwiceCountsTwiceAndDifferentTextIsReported)
     EXPECT_EQ(errors.Reports()[0].file, kParserPath);
 }
 
-TEST(KeywordParserPushBack, StashedLineIsDeliveredAfterTheEnd)
-{
-    KeywordDeck deck("*last");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    std::string last = parser.Readline();
-    EXPECT_STREQ(parser.Readline(), "");
-    ASSERT_TRUE(parser.IsEndOfFile());
-    parser.Buffer(last.c_str());
-    EXPECT_STREQ(parser.Readline(), "*last");
-    EXPECT_TRUE(parser.IsEndOfFile());
-}
-
 TEST(KeywordParserPushBack, SkipToNextKeywordPassesCommentsAndDataAndStashesTheKeyword)
 {
     KeywordDeck deck("1, 2\n** note\n*1abc\n   *Elset, elset=e\n3\n");
@@ -229,18 +164,33 @@ TEST(KeywordParserPushBack, SkipToNextKeywordPassesCommentsAndDataAndStashesTheK
 
 // ---- Parameter splitting and continuation -------------------------------------------------------
 
-TEST(KeywordParserParameters, QuotesProtectCommasAndBlanksAndStayInTheToken)
+TEST(KeywordParserParameters, SplitsQuotesBlanksAndContinuations)
 {
-    ParsedLine line = ParseFirstKeyword("*Step, name=\"a, b\"\n");
-    EXPECT_EQ(line.keyword, "*Step");
-    EXPECT_EQ(line.parameters, (std::vector<std::string>{"name=\"a, b\""}));
-}
-
-TEST(KeywordParserParameters, BlanksOutsideQuotesAreRemovedEverywhere)
-{
-    ParsedLine line = ParseFirstKeyword("  * NODE OUTPUT , a b = c ,\tflag\r\n");
-    EXPECT_EQ(line.keyword, "*NODEOUTPUT");
-    EXPECT_EQ(line.parameters, (std::vector<std::string>{"ab=c", "flag"}));
+    struct Case
+    {
+        char const* text;
+        char const* keyword;
+        std::vector<std::string> parameters;
+    };
+    Case const cases[] = {
+        // Quotes protect commas and blanks and stay in the token; other blanks go everywhere.
+        {"*Step, name=\"a, b\"\n", "*Step", {"name=\"a, b\""}},
+        {"  * NODE OUTPUT , a b = c ,\tflag\r\n", "*NODEOUTPUT", {"ab=c", "flag"}},
+        // A trailing comma continues on the next line, which is never classified.
+        {"*KEY, a,\nx=1, y\n*NEXT\n", "*KEY", {"a", "x=1", "y"}},
+        {"*KEY,\n** note\n", "*KEY", {"**note"}},
+        {"*KEY,\n*Other, p\n", "*KEY", {"*Other", "p"}},
+        // An empty parameter in the middle drops the rest of the line.
+        {"*KEY, a,,b\nc\n", "*KEY", {"a", "c"}},
+        // An empty continuation ends with an empty parameter; a quoted empty string is not empty.
+        {"*KEY,", "*KEY", {""}},
+        {"*KEY, a,\n\nb\n", "*KEY", {"a", ""}},
+        {"*KEY, \"\"\nb\n", "*KEY", {"\"\""}},
+        // An unterminated quote swallows the rest of the line.
+        {"*KEY, a=\"x, y\n", "*KEY", {"a=\"x, y\n"}},
+    };
+    for (Case const& c : cases)
+        EXPECT_EQ(ParseFirstKeyword(c.text), std::make_pair(std::string(c.keyword), c.parameters)) << c.text;
 }
 
 TEST(KeywordParserParameters, LineWithoutCommasLeavesTheParametersAsTheyWere)
@@ -256,42 +206,12 @@ TEST(KeywordParserParameters, LineWithoutCommasLeavesTheParametersAsTheyWere)
     EXPECT_EQ(ToStrings(parameters), (std::vector<std::string>{"kept"}));
 }
 
-TEST(KeywordParserParameters, TrailingCommaContinuesOnTheNextLine)
+TEST(KeywordParserParameters, ParseParameterEndsAndTokenLimit)
 {
-    ParsedLine line = ParseFirstKeyword("*KEY, a,\nx=1, y\n*NEXT\n");
-    EXPECT_EQ(line.parameters, (std::vector<std::string>{"a", "x=1", "y"}));
-}
-
-TEST(KeywordParserParameters, EmptyParameterInTheMiddleDropsTheRestOfTheLine)
-{
-    ParsedLine line = ParseFirstKeyword("*KEY, a,,b\nc\n");
-    EXPECT_EQ(line.parameters, (std::vector<std::string>{"a", "c"}));
-}
-
-TEST(KeywordParserParameters, ContinuationLineIsNeverClassified)
-{
-    EXPECT_EQ(ParseFirstKeyword("*KEY,\n** note\n").parameters, (std::vector<std::string>{"**note"}));
-    EXPECT_EQ(ParseFirstKeyword("*KEY,\n*Other, p\n").parameters, (std::vector<std::string>{"*Other", "p"}));
-}
-
-TEST(KeywordParserParameters, EmptyContinuationEndsWithAnEmptyParameter)
-{
-    EXPECT_EQ(ParseFirstKeyword("*KEY,").parameters, (std::vector<std::string>{""}));
-    EXPECT_EQ(ParseFirstKeyword("*KEY, a,\n\nb\n").parameters, (std::vector<std::string>{"a", ""}));
-    // A quoted empty string is not empty: no continuation.
-    EXPECT_EQ(ParseFirstKeyword("*KEY, \"\"\nb\n").parameters, (std::vector<std::string>{"\"\""}));
-}
-
-TEST(KeywordParserParameters, UnterminatedQuoteSwallowsTheRestOfTheLine)
-{
-    ParsedLine line = ParseFirstKeyword("*KEY, a=\"x, y\n");
-    EXPECT_EQ(line.parameters, (std::vector<std::string>{"a=\"x, y\n"}));
-}
-
-TEST(KeywordParserParameters, ParseParameterAtOrPastTheEndGivesAnEmptyFinalToken)
-{
+    RecordedFatalErrors errors;
     KeywordDeck deck("");
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
+    // At or past the end: an empty final token.
     ORXString token("old");
     int position = 10;
     EXPECT_TRUE(parser.ParseParameter("a,b", position, token));
@@ -301,35 +221,22 @@ TEST(KeywordParserParameters, ParseParameterAtOrPastTheEndGivesAnEmptyFinalToken
     EXPECT_EQ(position, 2);
     EXPECT_TRUE(parser.ParseParameter("a,b", position, token));
     EXPECT_STREQ(token.CStr(), "b");
-}
 
-TEST(KeywordParserParameters, TokenOfBufferSizeIsReported)
-{
-    RecordedFatalErrors errors;
-    KeywordDeck deck("");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    std::string line(300, 'p');
-    ORXString token;
-    int position = 0;
-    EXPECT_TRUE(parser.ParseParameter(line.c_str(), position, token));
-    EXPECT_EQ(RecordedFatalErrors::Messages(),
-              (std::vector<std::string>{"AssertionFailed:nchar < PARSER_BUFFER"}));
-
-    errors.Reports().clear();
+    // A token of 256 bytes passes; one of the buffer's size is reported.
     position = 0;
     parser.ParseParameter(std::string(256, 'p').c_str(), position, token);
     EXPECT_TRUE(errors.Reports().empty());
     EXPECT_EQ(token.GetLengthInByte(), 256);
+    position = 0;
+    EXPECT_TRUE(parser.ParseParameter(std::string(300, 'p').c_str(), position, token));
+    EXPECT_EQ(RecordedFatalErrors::Messages(),
+              (std::vector<std::string>{"AssertionFailed:nchar < PARSER_BUFFER"}));
 }
 
 TEST(KeywordParserParameters, DataLineWhereAKeywordIsExpectedIsReported)
 {
     RecordedFatalErrors errors;
-    KeywordDeck deck("1, 2\n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    ORXString keyword;
-    KeywordParameters parameters;
-    parser.ParseKeyword(keyword, parameters);
+    ParseFirstKeyword("1, 2\n");
     ASSERT_EQ(errors.Reports().size(), 1u);
     EXPECT_EQ(errors.Reports()[0].message, "AssertionFailed:IsKeyword(data)");
     EXPECT_EQ(errors.Reports()[0].file, kParserPath);
@@ -337,87 +244,62 @@ TEST(KeywordParserParameters, DataLineWhereAKeywordIsExpectedIsReported)
 
 // ---- Keyword resolution -------------------------------------------------------------------------
 
-class KeywordParserLookup : public ::testing::Test
+TEST(KeywordParserLookup, ExactKeyThenSubstringOfOneKeyElseUnknownOrAmbiguous)
 {
-protected:
-    KeywordParserLookup() : deck(""), parser(deck.Stream(), nullptr)
+    using Keys = std::vector<std::pair<char const*, KeywordCallback>>;
+    Keys const elsets = {{"elset", NodeCallback}, {"elsetx", OtherCallback}};
+    Keys const crowded = {{"elset", NodeCallback},
+                          {"elsetx", OtherCallback},
+                          {"output", NodeCallback},
+                          {"input", OtherCallback}};
+    // The first registration stays; upper-case keys never match.
+    Keys const repeated = {{"node", NodeCallback}, {"node", OtherCallback}, {"Nset", OtherCallback}};
+    struct Case
     {
+        Keys keys;
+        char const* written;
+        KeywordCallback callback;
+        char const* resolved;
+    };
+    Case const cases[] = {
+        {{}, "*Node", UnknownCallback, "node"},
+        {elsets, "*Elset", NodeCallback, "elset"}, // exact wins over longer keys containing it
+        {{{"output", NodeCallback}}, "*PUT", NodeCallback, "output"},
+        {{{"output", NodeCallback}}, "*tpu", NodeCallback, "output"},
+        {{{"output", NodeCallback}}, "*outputs", UnknownCallback, "outputs"},
+        {crowded, "*els", AmbiguousCallback, "els"},
+        {crowded, "*lset", AmbiguousCallback, "lset"},
+        {crowded, "*put", AmbiguousCallback, "put"},
+        {repeated, "*NODE", NodeCallback, "node"},
+        {repeated, "*Nset", UnknownCallback, "nset"},
+    };
+    for (Case const& c : cases)
+    {
+        KeywordDeck deck("");
+        ORXSrvKeywordParser parser(deck.Stream(), nullptr);
         parser.RegisterUnknownKeywordCallback(UnknownCallback);
         parser.RegisterAmbiguousKeywordCallback(AmbiguousCallback);
+        for (auto const& [key, callback] : c.keys)
+            parser.Register(key, callback);
+        ORXString keyword(c.written);
+        EXPECT_EQ(parser.Lookup(keyword), c.callback) << c.written;
+        EXPECT_STREQ(keyword.CStr(), c.resolved);
     }
-
-    // Resolves the written keyword; gives the callback and leaves the rewritten text in resolved.
-    KeywordCallback Resolve(char const* written)
-    {
-        ORXString keyword(written);
-        KeywordCallback callback = parser.Lookup(keyword);
-        resolved = keyword.CStr();
-        return callback;
-    }
-
-    KeywordDeck deck;
-    ORXSrvKeywordParser parser;
-    std::string resolved;
-};
-
-TEST_F(KeywordParserLookup, EmptyTableGivesUnknown)
-{
-    EXPECT_EQ(Resolve("*Node"), &UnknownCallback);
-    EXPECT_EQ(resolved, "node");
 }
 
-TEST_F(KeywordParserLookup, ExactKeyWinsOverLongerKeysContainingIt)
-{
-    parser.Register("elset", NodeCallback);
-    parser.Register("elsetx", OtherCallback);
-    EXPECT_EQ(Resolve("*Elset"), &NodeCallback);
-    EXPECT_EQ(resolved, "elset");
-}
-
-TEST_F(KeywordParserLookup, WrittenTextMatchesAnywhereInsideAKey)
-{
-    parser.Register("output", NodeCallback);
-    EXPECT_EQ(Resolve("*PUT"), &NodeCallback);
-    EXPECT_EQ(resolved, "output");
-    EXPECT_EQ(Resolve("*tpu"), &NodeCallback);
-    EXPECT_EQ(Resolve("*outputs"), &UnknownCallback);
-    EXPECT_EQ(resolved, "outputs");
-}
-
-TEST_F(KeywordParserLookup, SeveralContainingKeysAreAmbiguousWithoutTieBreak)
-{
-    parser.Register("elset", NodeCallback);
-    parser.Register("elsetx", OtherCallback);
-    parser.Register("output", NodeCallback);
-    parser.Register("input", OtherCallback);
-    EXPECT_EQ(Resolve("*els"), &AmbiguousCallback);
-    EXPECT_EQ(resolved, "els");
-    EXPECT_EQ(Resolve("*lset"), &AmbiguousCallback);
-    EXPECT_EQ(Resolve("*put"), &AmbiguousCallback);
-    EXPECT_EQ(resolved, "put");
-}
-
-TEST_F(KeywordParserLookup, FirstRegistrationStaysAndUpperCaseKeysNeverMatch)
-{
-    parser.Register("node", NodeCallback);
-    parser.Register("node", OtherCallback);
-    parser.Register("Nset", OtherCallback);
-    EXPECT_EQ(Resolve("*NODE"), &NodeCallback);
-    EXPECT_EQ(Resolve("*Nset"), &UnknownCallback);
-}
-
-TEST(KeywordParserDefaults, UnknownAndAmbiguousKeywordsAreFatalByDefault)
+TEST(KeywordParserLookup, UnknownAndAmbiguousKeywordsAreFatalByDefault)
 {
     RecordedFatalErrors errors;
     KeywordDeck deck("");
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
     parser.Register("elset", NodeCallback);
     parser.Register("elsetx", NodeCallback);
-    ORXString unknown("*Nope");
-    ORXString ambiguous("*els");
     KeywordParameters none;
-    parser.Lookup(unknown)(unknown, none, parser, nullptr);
-    parser.Lookup(ambiguous)(ambiguous, none, parser, nullptr);
+    for (char const* written : {"*Nope", "*els"})
+    {
+        ORXString keyword(written);
+        parser.Lookup(keyword)(keyword, none, parser, nullptr);
+    }
     ASSERT_EQ(errors.Reports().size(), 2u);
     EXPECT_EQ(errors.Reports()[0].message,
               "AssertionFailed:\"ORXSrvKeywordParser ERROR: Unknown keyword\" == 0");
@@ -429,41 +311,42 @@ TEST(KeywordParserDefaults, UnknownAndAmbiguousKeywordsAreFatalByDefault)
 
 // ---- Parse --------------------------------------------------------------------------------------
 
-TEST(KeywordParserParse, DecksWithoutKeywordCallNothing)
+namespace
 {
-    for (char const* text : {"", "1, 2\n** just a comment\n*1\n"})
-    {
-        KeywordDeck deck(text);
-        CallLog log;
-        ORXSrvKeywordParser parser(deck.Stream(), &log);
-        parser.Register("node", NodeCallback);
-        parser.Parse();
-        EXPECT_TRUE(log.callbacks.empty());
-        EXPECT_TRUE(parser.IsEndOfFile());
-    }
-}
-
-TEST(KeywordParserParse, DispatchesEachKeywordWithItsResolvedNameAndParameters)
+// Parses text with the given keys and the recording unknown and ambiguous callbacks.
+CallLog ParseDeck(std::string text, std::vector<std::pair<char const*, KeywordCallback>> const& keys)
 {
-    KeywordDeck deck("skipped, 1\n"
-                     "*Node, NSET=All\n"
-                     "1, 0., 0.\n"
-                     "** comment\n"
-                     "*els, a\n"
-                     "*Mystery\n"
-                     "data\n"
-                     "*ELEMENT OUT, type=\"S4 R\",\n"
-                     " elset=e1\n");
+    KeywordDeck deck(std::move(text));
     CallLog log;
     ORXSrvKeywordParser parser(deck.Stream(), &log);
-    parser.Register("node", NodeCallback);
-    parser.Register("elset", OtherCallback);
-    parser.Register("elsetx", OtherCallback);
-    parser.Register("elementoutput", OtherCallback);
+    for (auto const& [key, callback] : keys)
+        parser.Register(key, callback);
     parser.RegisterUnknownKeywordCallback(UnknownCallback);
     parser.RegisterAmbiguousKeywordCallback(AmbiguousCallback);
     parser.Parse();
+    EXPECT_TRUE(parser.IsEndOfFile());
+    return log;
+}
+} // namespace
 
+TEST(KeywordParserParse, DispatchesEachKeywordWithItsResolvedNameAndParameters)
+{
+    for (char const* text : {"", "1, 2\n** just a comment\n*1\n"})
+        EXPECT_TRUE(ParseDeck(text, {{"node", NodeCallback}}).callbacks.empty());
+
+    CallLog log = ParseDeck("skipped, 1\n"
+                            "*Node, NSET=All\n"
+                            "1, 0., 0.\n"
+                            "** comment\n"
+                            "*els, a\n"
+                            "*Mystery\n"
+                            "data\n"
+                            "*ELEMENT OUT, type=\"S4 R\",\n"
+                            " elset=e1\n",
+                            {{"node", NodeCallback},
+                             {"elset", OtherCallback},
+                             {"elsetx", OtherCallback},
+                             {"elementoutput", OtherCallback}});
     EXPECT_EQ(log.callbacks, (std::vector<std::string>{"node", "ambiguous", "unknown", "other"}));
     EXPECT_EQ(log.keywords, (std::vector<std::string>{"node", "els", "mystery", "elementoutput"}));
     EXPECT_EQ(log.parameters, (std::vector<std::vector<std::string>>{
@@ -472,23 +355,10 @@ TEST(KeywordParserParse, DispatchesEachKeywordWithItsResolvedNameAndParameters)
 
 TEST(KeywordParserParse, KeywordOnTheLastLineEndsCleanlyOnlyIfTheCallbackSkips)
 {
-    {
-        KeywordDeck deck("*Node\n");
-        CallLog log;
-        ORXSrvKeywordParser parser(deck.Stream(), &log);
-        parser.Register("node", NodeCallback);
-        parser.Parse();
-        EXPECT_EQ(log.callbacks, (std::vector<std::string>{"node"}));
-    }
-    {
-        RecordedFatalErrors errors;
-        KeywordDeck deck("*Node\n");
-        CallLog log;
-        ORXSrvKeywordParser parser(deck.Stream(), &log);
-        parser.Register("node", SilentCallback);
-        parser.RegisterUnknownKeywordCallback(UnknownCallback);
-        parser.Parse();
-        ASSERT_FALSE(errors.Reports().empty());
-        EXPECT_EQ(errors.Reports()[0].message, "AssertionFailed:IsKeyword(data)");
-    }
+    RecordedFatalErrors errors;
+    EXPECT_EQ(ParseDeck("*Node\n", {{"node", NodeCallback}}).callbacks, (std::vector<std::string>{"node"}));
+    EXPECT_TRUE(errors.Reports().empty());
+    ParseDeck("*Node\n", {{"node", SilentCallback}});
+    ASSERT_FALSE(errors.Reports().empty());
+    EXPECT_EQ(errors.Reports()[0].message, "AssertionFailed:IsKeyword(data)");
 }

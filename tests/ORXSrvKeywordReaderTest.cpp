@@ -8,22 +8,26 @@
 
 namespace
 {
-// A parser that has just delivered the keyword line at the top of the deck, as a callback sees it.
-class ParserAfterKeyword
+// A deck whose keyword line the parser has just delivered, as a callback sees it.
+struct ParsedKeywordLine
 {
-public:
-    explicit ParserAfterKeyword(std::string text)
-        : m_deck(std::move(text)), m_parser(m_deck.Stream(), nullptr)
+    explicit ParsedKeywordLine(std::string text) : deck(std::move(text)), parser(deck.Stream(), nullptr)
     {
         ORXString keyword;
-        m_parser.ParseKeyword(keyword, m_parameters);
+        parser.ParseKeyword(keyword, parameters);
     }
-    ORXSrvKeywordParser& Parser() { return m_parser; }
+    KeywordDeck deck;
+    ORXSrvKeywordParser parser;
+    KeywordParameters parameters;
+};
 
-private:
-    KeywordDeck m_deck;
-    ORXSrvKeywordParser m_parser;
-    KeywordParameters m_parameters;
+// The reader of the data lines that follow such a keyword line.
+class DataBlock : public ParsedKeywordLine, public ORXSrvKeywordDataReader
+{
+public:
+    explicit DataBlock(std::string text) : ParsedKeywordLine(std::move(text)), ORXSrvKeywordDataReader(parser)
+    {
+    }
 };
 
 KeywordParameters Parameters(std::vector<char const*> const& texts)
@@ -43,128 +47,114 @@ std::vector<std::pair<int, int>> SuspectEntries(ORXSrvKeywordDataReader const& r
             entries.emplace_back(line, reader.GetSuspectFields().ConstGet(line));
     return entries;
 }
+
+// The first field of every data line, read as an int.
+std::vector<int> FirstInts(ORXSrvKeywordDataReader& reader, int fallback)
+{
+    std::vector<int> values;
+    for (reader.First(); !reader.IsDone(); reader.Next())
+        values.push_back(reader.ReadInt(fallback));
+    return values;
+}
+
+// The keyword the parser delivers next.
+std::string NextKeyword(ORXSrvKeywordParser& parser)
+{
+    ORXString keyword;
+    KeywordParameters parameters;
+    parser.ParseKeyword(keyword, parameters);
+    return keyword.CStr();
+}
 } // namespace
 
 // ---- Data lines and fields ----------------------------------------------------------------------
 
 TEST(KeywordDataReader, EmptyFieldsAndMissingFieldsGiveTheDefault)
 {
-    ParserAfterKeyword deck("*Data\n1,,3\n1,2\n,\n\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    reader.First();
-    ASSERT_FALSE(reader.IsDone());
-    EXPECT_EQ(reader.ReadInt(7), 1);
-    EXPECT_EQ(reader.ReadInt(7), 7);
-    EXPECT_EQ(reader.ReadInt(7), 3);
-    reader.Next();
-    EXPECT_EQ(reader.ReadInt(7), 1);
-    EXPECT_EQ(reader.ReadInt(7), 2);
-    EXPECT_EQ(reader.ReadInt(7), 7);
-    reader.Next();
-    EXPECT_EQ(reader.ReadDouble(2.5), 2.5);
-    EXPECT_EQ(reader.ReadDouble(2.5), 2.5);
-    reader.Next();
-    ASSERT_FALSE(reader.IsDone()); // a blank line is a data line
-    EXPECT_EQ(reader.ReadInt(4), 4);
-    reader.Next();
-    EXPECT_TRUE(reader.IsDone());
-    EXPECT_TRUE(deck.Parser().IsEndOfFile());
+    DataBlock block("*Data\n1,,3\n1,2\n,\n\n");
+    auto three = [&] { return std::vector<int>{block.ReadInt(7), block.ReadInt(7), block.ReadInt(7)}; };
+    block.First();
+    ASSERT_FALSE(block.IsDone());
+    EXPECT_EQ(three(), (std::vector<int>{1, 7, 3}));
+    block.Next();
+    EXPECT_EQ(three(), (std::vector<int>{1, 2, 7}));
+    block.Next();
+    EXPECT_EQ(block.ReadDouble(2.5), 2.5);
+    EXPECT_EQ(block.ReadDouble(2.5), 2.5);
+    block.Next();
+    ASSERT_FALSE(block.IsDone()); // a blank line is a data line
+    EXPECT_EQ(block.ReadInt(4), 4);
+    block.Next();
+    EXPECT_TRUE(block.IsDone());
+    EXPECT_TRUE(block.parser.IsEndOfFile());
 }
 
-TEST(KeywordDataReader, OverlongLineGivesFurtherDataLines)
+TEST(KeywordDataReader, OverlongLinesAndCommentLines)
 {
     // The first piece loses its trailing blanks, so its number is not suspect; the newline that
     // spills over is a blank data line of its own.
-    ParserAfterKeyword deck("*Data\n7" + std::string(254, ' ') + "\n8 \n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    std::vector<int> values;
-    for (reader.First(); !reader.IsDone(); reader.Next())
-        values.push_back(reader.ReadInt(4));
-    EXPECT_EQ(values, (std::vector<int>{7, 4, 8}));
-    EXPECT_EQ(SuspectEntries(reader, 0, 5), (std::vector<std::pair<int, int>>{{4, 0}}));
+    DataBlock block("*Data\n7" + std::string(254, ' ') + "\n8 \n");
+    EXPECT_EQ(FirstInts(block, 4), (std::vector<int>{7, 4, 8}));
+    EXPECT_EQ(SuspectEntries(block, 0, 5), (std::vector<std::pair<int, int>>{{4, 0}}));
+
+    DataBlock comments("*Data\n** first\n1\n**\n** more\n2\n");
+    EXPECT_EQ(FirstInts(comments, 0), (std::vector<int>{1, 2}));
 }
 
 TEST(KeywordDataReader, UnparsableNumbersGiveZeroAndTrailingTextIsIgnored)
 {
-    ParserAfterKeyword deck("*Data\nabc,5, 12abc ,-2.5e1x, 4294967297\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    reader.First();
-    EXPECT_EQ(reader.ReadInt(7), 0);
-    EXPECT_EQ(reader.ReadInt(7), 5);
-    EXPECT_EQ(reader.ReadInt(7), 12);
-    EXPECT_EQ(reader.ReadDouble(7.0), -25.0);
-    EXPECT_EQ(reader.ReadInt(7), 1); // low 32 bits
+    DataBlock block("*Data\nabc,5, 12abc ,-2.5e1x, 4294967297\n");
+    block.First();
+    EXPECT_EQ(block.ReadInt(7), 0);
+    EXPECT_EQ(block.ReadInt(7), 5);
+    EXPECT_EQ(block.ReadInt(7), 12);
+    EXPECT_EQ(block.ReadDouble(7.0), -25.0);
+    EXPECT_EQ(block.ReadInt(7), 1); // low 32 bits
 }
 
 TEST(KeywordDataReader, StringsKeepBlanksQuotesAndTheNewline)
 {
-    ParserAfterKeyword deck("*Data\n\"a,b\",c\n x , \"open\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    reader.First();
-    EXPECT_STREQ(reader.ReadString().CStr(), "\"a,b\"");
-    EXPECT_STREQ(reader.ReadString().CStr(), "c\n");
-    EXPECT_STREQ(reader.ReadString().CStr(), "");
-    reader.Next();
-    EXPECT_STREQ(reader.ReadString().CStr(), "x ");
-    EXPECT_STREQ(reader.ReadString().CStr(), " \"open\n");
-}
+    DataBlock block("*Data\n\"a,b\",c\n x , \"open\n");
+    block.First();
+    EXPECT_STREQ(block.ReadString().CStr(), "\"a,b\"");
+    EXPECT_STREQ(block.ReadString().CStr(), "c\n");
+    EXPECT_STREQ(block.ReadString().CStr(), "");
+    block.Next();
+    EXPECT_STREQ(block.ReadString().CStr(), "x ");
+    EXPECT_STREQ(block.ReadString().CStr(), " \"open\n");
 
-TEST(KeywordDataReader, StringCutCountsBytesAsCharacters)
-{
     // "é" is two bytes; the field's byte count, taken as characters, keeps the comma after it.
-    ParserAfterKeyword deck("*Data\n\xc3\xa9,x\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    reader.First();
-    EXPECT_STREQ(reader.ReadString().CStr(), "\xc3\xa9,");
-    EXPECT_STREQ(reader.ReadString().CStr(), "x\n");
+    DataBlock wide("*Data\n\xc3\xa9,x\n");
+    wide.First();
+    EXPECT_STREQ(wide.ReadString().CStr(), "\xc3\xa9,");
+    EXPECT_STREQ(wide.ReadString().CStr(), "x\n");
 }
 
-TEST(KeywordDataReader, CommentLinesArePassedOver)
+TEST(KeywordDataReader, KeywordLineEndsTheBlock)
 {
-    ParserAfterKeyword deck("*Data\n** first\n1\n**\n** more\n2\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    std::vector<int> values;
-    for (reader.First(); !reader.IsDone(); reader.Next())
-        values.push_back(reader.ReadInt(0));
-    EXPECT_EQ(values, (std::vector<int>{1, 2}));
-}
+    DataBlock block("*Data\n*Next, p\n");
+    block.First();
+    EXPECT_TRUE(block.IsDone());
+    EXPECT_EQ(NextKeyword(block.parser), "*Next");
 
-TEST(KeywordDataReader, KeywordRightAfterTheKeywordLineEndsTheBlockAtOnce)
-{
-    ParserAfterKeyword deck("*Data\n*Next, p\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    reader.First();
-    EXPECT_TRUE(reader.IsDone());
-    ORXString keyword;
-    KeywordParameters parameters;
-    deck.Parser().ParseKeyword(keyword, parameters);
-    EXPECT_STREQ(keyword.CStr(), "*Next");
-}
-
-TEST(KeywordDataReader, IndentedKeywordLineIsFirstSeenAsOneMoreDataLine)
-{
-    ParserAfterKeyword deck("*Data\n1\n  *Next\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
+    // An indented keyword line is first seen as one more data line: the cursor stays two bytes into
+    // the pushed-back text, which has moved to the buffer start.
+    DataBlock indented("*Data\n1\n  *Next\n");
     std::vector<std::string> lines;
-    for (reader.First(); !reader.IsDone(); reader.Next())
-        lines.push_back(reader.ReadString().CStr());
-    // The cursor stays two bytes into the pushed-back text, which has moved to the buffer start.
+    for (indented.First(); !indented.IsDone(); indented.Next())
+        lines.push_back(indented.ReadString().CStr());
     EXPECT_EQ(lines, (std::vector<std::string>{"1\n", "ext\n"}));
-    EXPECT_FALSE(deck.Parser().IsEndOfFile());
-    ORXString keyword;
-    KeywordParameters parameters;
-    deck.Parser().ParseKeyword(keyword, parameters);
-    EXPECT_STREQ(keyword.CStr(), "*Next");
+    EXPECT_FALSE(indented.parser.IsEndOfFile());
+    EXPECT_EQ(NextKeyword(indented.parser), "*Next");
 }
 
 TEST(KeywordDataReader, ReadBeforeFirstIsReported)
 {
     RecordedFatalErrors errors;
-    ParserAfterKeyword deck("*Data\n1\n");
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    EXPECT_EQ(reader.ReadInt(3), 3);
-    EXPECT_EQ(reader.ReadDouble(1.5), 1.5);
-    EXPECT_STREQ(reader.ReadString().CStr(), "");
+    DataBlock block("*Data\n1\n");
+    EXPECT_EQ(block.ReadInt(3), 3);
+    EXPECT_EQ(block.ReadDouble(1.5), 1.5);
+    EXPECT_STREQ(block.ReadString().CStr(), "");
     ASSERT_EQ(errors.Reports().size(), 3u);
     for (auto const& report : errors.Reports())
     {
@@ -177,66 +167,54 @@ TEST(KeywordDataReader, ReadBeforeFirstIsReported)
 
 TEST(KeywordDataReader, BlanksAfterNumbersAndUnclosedQuotesAreSuspect)
 {
-    // Read as int, double, string: only blanks after a number and open quotes count.
-    ParserAfterKeyword deck("*Data\n"         // line 1
-                            "1,2 ,3,\n"       // line 2: a blank after field 1
-                            "4,5x,6\n"        // line 3: text after a number; a string keeps the newline
-                            "1,2,\"c\n"       // line 4: field 2 leaves its quote open
-                            "** note\n"       // line 5
-                            "7,8.5,\"q,r\"\n" // line 6: a closed quote
-                            "10");            // line 7: last line, no newline
-    ORXSrvKeywordDataReader reader(deck.Parser());
-    for (reader.First(); !reader.IsDone(); reader.Next())
+    // Reads every line as int, double, then a string or an int, and gives the suspect fields.
+    auto suspects = [](std::string text, bool lastAsString)
     {
-        reader.ReadInt(0);
-        reader.ReadDouble(0.0);
-        reader.ReadString();
-    }
-    EXPECT_EQ(SuspectEntries(reader, -2, 10), (std::vector<std::pair<int, int>>{{2, 1}, {4, 2}}));
-
-    // Read as int, double, int: the newline after the last number of a line counts as a blank.
-    ParserAfterKeyword numbers("*Data\n1,2 ,3,\n4,5x,6\n\"ab\",\"c\n** note\n7,8.5,9\n10");
-    ORXSrvKeywordDataReader numberReader(numbers.Parser());
-    for (numberReader.First(); !numberReader.IsDone(); numberReader.Next())
-    {
-        numberReader.ReadInt(0);
-        numberReader.ReadDouble(0.0);
-        numberReader.ReadInt(0);
-    }
-    EXPECT_EQ(SuspectEntries(numberReader, -2, 10),
+        DataBlock block("*Data\n" + text);
+        for (block.First(); !block.IsDone(); block.Next())
+        {
+            block.ReadInt(0);
+            block.ReadDouble(0.0);
+            lastAsString ? (void)block.ReadString() : (void)block.ReadInt(0);
+        }
+        return SuspectEntries(block, -2, 10);
+    };
+    // Only blanks after a number and open quotes count; a closed quote and text after a number do not.
+    EXPECT_EQ(suspects("1,2 ,3,\n"       // line 2: a blank after field 1
+                       "4,5x,6\n"        // line 3: a string keeps the newline
+                       "1,2,\"c\n"       // line 4: field 2 leaves its quote open
+                       "** note\n"       // line 5
+                       "7,8.5,\"q,r\"\n" // line 6
+                       "10",             // line 7: last line, no newline
+                       true),
+              (std::vector<std::pair<int, int>>{{2, 1}, {4, 2}}));
+    // The newline after the last number of a line counts as a blank.
+    EXPECT_EQ(suspects("1,2 ,3,\n4,5x,6\n\"ab\",\"c\n** note\n7,8.5,9\n10", false),
               (std::vector<std::pair<int, int>>{{2, 1}, {3, 2}, {4, 1}, {6, 2}}));
 }
 
-TEST(KeywordDataReader, LineNumbersContinueFromTheParsersCount)
+TEST(KeywordDataReader, SuspectLinesCountOnFromTheParsersLineNumber)
 {
     KeywordDeck deck("junk\n** comment\n*Data\n1 \n");
     ORXSrvKeywordParser parser(deck.Stream(), nullptr);
     parser.SkipToNextKeyword();
-    ORXString keyword;
-    KeywordParameters parameters;
-    parser.ParseKeyword(keyword, parameters);
+    NextKeyword(parser);
     ASSERT_EQ(parser.LineNumber(), 3);
     ORXSrvKeywordDataReader reader(parser);
-    reader.First();
-    reader.ReadInt(0);
+    FirstInts(reader, 0);
     EXPECT_EQ(SuspectEntries(reader, -2, 10), (std::vector<std::pair<int, int>>{{4, 0}}));
-}
 
-TEST(KeywordDataReader, NegativeLineNumbersAreKeptApartFromPositiveOnes)
-{
-    KeywordDeck deck("*Data\n5 \n");
-    ORXSrvKeywordParser parser(deck.Stream(), nullptr);
-    char const* line = parser.Readline();
+    // Pushed back four times, the count turns negative; such lines are kept apart from positive ones.
+    KeywordDeck stashed("*Data\n5 \n");
+    ORXSrvKeywordParser back(stashed.Stream(), nullptr);
+    char const* line = back.Readline();
     for (int i = 0; i < 4; ++i)
-        parser.Buffer(line);
-    ORXString keyword;
-    KeywordParameters parameters;
-    parser.ParseKeyword(keyword, parameters);
-    ASSERT_EQ(parser.LineNumber(), -2);
-    ORXSrvKeywordDataReader reader(parser);
-    reader.First();
-    EXPECT_EQ(reader.ReadInt(0), 5);
-    EXPECT_EQ(SuspectEntries(reader, -2, 2), (std::vector<std::pair<int, int>>{{-1, 0}}));
+        back.Buffer(line);
+    NextKeyword(back);
+    ASSERT_EQ(back.LineNumber(), -2);
+    ORXSrvKeywordDataReader backReader(back);
+    EXPECT_EQ(FirstInts(backReader, 0), (std::vector<int>{5}));
+    EXPECT_EQ(SuspectEntries(backReader, -2, 2), (std::vector<std::pair<int, int>>{{-1, 0}}));
 }
 
 // ---- Parameter names and values -----------------------------------------------------------------
@@ -283,23 +261,26 @@ TEST(KeywordParameterReader, ValuesFollowTheFirstEqualsSign)
 {
     KeywordParameters parameters = Parameters({"n=42x", "d=-1.5e2", "name=\"A b=c\"", "flag", "e="});
     char const* legal[] = {"n", nullptr};
+    struct Value
+    {
+        int asInt;
+        double asDouble;
+        char const* asString;
+        char const* key; // only "n" is a legal name
+    };
+    Value const expected[] = {{42, 42.0, "42x", "n"},
+                              {-1, -150.0, "-1.5e2", ""},
+                              {0, 0.0, "\"A b=c\"", ""},
+                              {0, 0.0, "", ""},
+                              {0, 0.0, "", ""}};
     ORXSrvKeywordParameterReader reader(parameters, legal);
     reader.First();
-    EXPECT_EQ(reader.CurrentValueAsInt(), 42);
-    EXPECT_EQ(reader.CurrentValueAsDouble(), 42.0);
-    EXPECT_STREQ(reader.CurrentValueAsString().CStr(), "42x");
-    reader.Next();
-    EXPECT_EQ(reader.CurrentValueAsDouble(), -150.0);
-    EXPECT_EQ(reader.CurrentValueAsInt(), -1);
-    reader.Next();
-    EXPECT_STREQ(reader.CurrentValueAsString().CStr(), "\"A b=c\"");
-    EXPECT_EQ(reader.CurrentValueAsInt(), 0);
-    reader.Next();
-    EXPECT_EQ(reader.CurrentValueAsInt(), 0);
-    EXPECT_EQ(reader.CurrentValueAsDouble(), 0.0);
-    EXPECT_STREQ(reader.CurrentValueAsString().CStr(), "");
-    EXPECT_STREQ(reader.CurrentKey().CStr(), "");
-    reader.Next();
-    EXPECT_STREQ(reader.CurrentValueAsString().CStr(), "");
-    EXPECT_EQ(reader.CurrentValueAsInt(), 0);
+    for (Value const& value : expected)
+    {
+        EXPECT_EQ(reader.CurrentValueAsInt(), value.asInt) << value.asString;
+        EXPECT_EQ(reader.CurrentValueAsDouble(), value.asDouble) << value.asString;
+        EXPECT_STREQ(reader.CurrentValueAsString().CStr(), value.asString);
+        EXPECT_STREQ(reader.CurrentKey().CStr(), value.key);
+        reader.Next();
+    }
 }

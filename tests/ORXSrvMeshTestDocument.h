@@ -135,16 +135,24 @@ private:
     ORXSimAssertionFailureHandler m_previous;
 };
 
-// While alive, a fatal error report throws std::runtime_error with its message instead of aborting.
-class ThrowingFatalErrors
+// Runs body with fatal error reports raised as exceptions instead of aborting; gives the message of the
+// report, or "" if none.
+template <class Body> std::string FatalText(Body body)
 {
-public:
-    ThrowingFatalErrors() : m_previous(ORXSimUttAssert::SetFatalErrorHandler(&Throw)) {}
-    ~ThrowingFatalErrors() { ORXSimUttAssert::SetFatalErrorHandler(m_previous); }
-    ThrowingFatalErrors(ThrowingFatalErrors const&) = delete;
-    ThrowingFatalErrors& operator=(ThrowingFatalErrors const&) = delete;
-
-private:
-    static void Throw(char const* message, char const*, int) { throw std::runtime_error(message); }
-    ORXSimFatalErrorHandler m_previous;
-};
+    struct Raise
+    {
+        static void Throw(char const* message, char const*, int) { throw std::runtime_error(message); }
+    };
+    ORXSimFatalErrorHandler const previous = ORXSimUttAssert::SetFatalErrorHandler(&Raise::Throw);
+    std::string text;
+    try
+    {
+        body();
+    }
+    catch (std::runtime_error const& report)
+    {
+        text = report.what();
+    }
+    ORXSimUttAssert::SetFatalErrorHandler(previous);
+    return text;
+}

@@ -53,6 +53,13 @@ TEST_F(NodalCoordinates, AppendsAndReadsInTheCallersOrder)
     EXPECT_EQ(coordinates.Read(someNodes, lastComponents, part.data()), 0);
     EXPECT_EQ(part,
               (std::vector<double>{Coordinate(2, 1), Coordinate(2, 2), Coordinate(0, 1), Coordinate(0, 2)}));
+
+    // An empty read returns 0 and leaves the buffer.
+    double untouched = 7.0;
+    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 0)),
+                               ORXSimCSet(allComponents), &untouched),
+              0);
+    EXPECT_EQ(untouched, 7.0);
 }
 
 TEST_F(NodalCoordinates, DisjointAppendsExtendOneDrawer)
@@ -76,19 +83,6 @@ TEST_F(NodalCoordinates, DisjointAppendsExtendOneDrawer)
     coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Ascending(mesh.nodes, {4, 9})),
                      ORXSimCSet(allComponents), rows.data());
     EXPECT_EQ(rows, Rows({4, 9}, 3));
-}
-
-TEST_F(NodalCoordinates, EmptyReadReturnsZeroAndLeavesTheBuffer)
-{
-    ORXSimTransaction transaction(mesh.doc.ContextID());
-    std::vector<double> data = Rows({0, 1}, 3);
-    coordinates.Append(transaction, ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 2), allComponents,
-                       data.data());
-    double untouched = 7.0;
-    EXPECT_EQ(coordinates.Read(ORXSimCSet(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 0)),
-                               ORXSimCSet(allComponents), &untouched),
-              0);
-    EXPECT_EQ(untouched, 7.0);
 }
 
 TEST_F(NodalCoordinates, RefusesASingleComponentAndASecondDrawer)
@@ -132,14 +126,11 @@ TEST_F(NodalCoordinates, RefusesASingleComponentAndASecondDrawer)
               "numDrawers < 2");
 }
 
-TEST_F(NodalCoordinates, NodesWithoutADrawerFailTheDimensionCheck)
+TEST_F(NodalCoordinates, DefaultObjectFailsEveryOperationAndNoDrawerFailsTheDimensionCheck)
 {
     EXPECT_EQ(AssertionText([&] { coordinates.Nodes(); }), "pos >= 0");
     EXPECT_EQ(AssertionText([&] { coordinates.NumberComponents(); }), "pos >= 0");
-}
 
-TEST_F(NodalCoordinates, DefaultObjectFailsEveryOperation)
-{
     ORXSrvNodalCoordinates empty;
     ORXSimTransaction transaction(mesh.doc.ContextID());
     ORXSimCSet nodes(ORXSrvMeshTestDocument::Run(mesh.nodes, 0, 1));

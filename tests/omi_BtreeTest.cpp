@@ -53,21 +53,15 @@ omi_BlkBitVect Bits(std::vector<unsigned int> const& bits)
 }
 } // namespace
 
-TEST(omi_Btree, SameRotationsAsTheSimulationTree)
+TEST(omi_Btree, SameRotationsAsTheSimulationTreeAndEqualKeysChangeNothing)
 {
     Tree tree = Build({1, 2, 3});
     EXPECT_EQ(Shape(tree.Root()), "(. 1:2 (. 2:1 (. 3:0 .)))");
     tree.Insert(4, 40);
     EXPECT_EQ(Shape(tree.Root()), "((. 1:0 .) 2:2 (. 3:1 (. 4:0 .)))");
+    EXPECT_FALSE(tree.Insert(3, 99));
+    EXPECT_EQ(tree.ConstGet(3), 30);
     EXPECT_EQ(tree.Size(), 4);
-}
-
-TEST(omi_Btree, EqualKeyNeverChangesAnything)
-{
-    Tree tree = Build({5, 3});
-    EXPECT_FALSE(tree.Insert(5, 99));
-    EXPECT_EQ(tree.ConstGet(5), 50);
-    EXPECT_EQ(tree.Size(), 2);
 }
 
 TEST(omi_Btree, ParentDepthIsRecomputedWhenItsChildGoes)
@@ -91,17 +85,6 @@ TEST(omi_Btree, DeepReplacementRefreshesOnlyItsFormerParent)
     Tree tree = Build({9, 32, 48, 49, 16, 43, 13, 40});
     EXPECT_TRUE(tree.Remove(32));
     EXPECT_EQ(Shape(tree.Root()), "((. 9:2 ((. 13:0 .) 16:1 .)) 40:3 ((. 43:0 .) 48:2 (. 49:0 .)))");
-}
-
-TEST(omi_Btree, MissingKeyGivesTheNullValue)
-{
-    Tree empty;
-    EXPECT_EQ(&empty.ConstGet(1), &empty.GetNullValue());
-    EXPECT_EQ(empty.GetNullValue(), 0);
-    EXPECT_FALSE(empty.IsMember(1));
-    Tree tree = Build({1, 2});
-    EXPECT_EQ(&tree.ConstGet(3), &tree.GetNullValue());
-    EXPECT_TRUE(tree.IsMember(2));
 }
 
 TEST(omi_Btree, CopiesAreIndependentAndKeepTheShape)
@@ -158,8 +141,17 @@ TEST(omi_Btree, BitVectorKeysFindEqualPatterns)
     EXPECT_EQ(drawers.Size(), 3);
 }
 
-TEST(omi_Btree, LayerDrawerTableGivesTheNullIdentityWhenMissing)
+TEST(omi_Btree, MissingKeyGivesTheNullValue)
 {
+    Tree empty;
+    EXPECT_EQ(&empty.ConstGet(1), &empty.GetNullValue());
+    EXPECT_EQ(empty.GetNullValue(), 0);
+    EXPECT_FALSE(empty.IsMember(1));
+    Tree tree = Build({1, 2});
+    EXPECT_EQ(&tree.ConstGet(3), &tree.GetNullValue());
+    EXPECT_TRUE(tree.IsMember(2));
+
+    // The layer drawer table gives the null identity.
     omi_Btree<omi_BlkBitVect, ORXSimDynamicID> drawers;
     ORXSimDynamicID const& missing = drawers.ConstGet(Bits({1}));
     EXPECT_EQ(&missing, &drawers.GetNullValue());
