@@ -30,16 +30,11 @@ TEST(ORXBasVector, GrowsResizesAndCopiesPlainValues)
 
     ORXBasVector<double> zeros(5);
     ORXBasVector<double> filled(1000, 2.5);
-    double sum = 0;
-    for (double value : filled)
-        sum += value;
-    EXPECT_EQ(sum, 2500.0);
     zeros.swap(filled);
     EXPECT_EQ(zeros.size(), 1000u);
+    EXPECT_EQ(zeros[999], 2.5);
     EXPECT_EQ(filled.size(), 5u);
     EXPECT_EQ(filled[4], 0.0);
-    filled = zeros;
-    EXPECT_EQ(filled[999], 2.5);
     filled.clear();
     EXPECT_TRUE(filled.empty());
 }
@@ -135,43 +130,37 @@ TEST(ORXBasMap, InsertKeepsExistingElementsAndIteratesInKeyOrder)
     EXPECT_EQ(map.find(5000), map.end());
 }
 
-TEST(ORXBasMap, CopiesAreDeepAndClearEmpties)
+TEST(ORXBasMap, CopiesAreDeepAndMovedFromOrClearedMapsStayUsable)
 {
-    ORXBasMap<int, ORXBasMap<int, double>> nested;
-    nested.Insert(2, ORXBasMap<int, double>())->second.Insert(1, 1.5);
-    nested.Insert(1, ORXBasMap<int, double>())->second.Insert(9, 9.5);
-    nested.Insert(2, ORXBasMap<int, double>())->second.Insert(0, 0.5);
+    using Inner = ORXBasMap<int, double>;
+    ORXBasMap<int, Inner> nested;
+    nested.Insert(2, Inner())->second.Insert(1, 1.5);
+    nested.Insert(1, Inner())->second.Insert(9, 9.5);
+    nested.Insert(2, Inner())->second.Insert(0, 0.5);
 
-    ORXBasMap<int, ORXBasMap<int, double>> copy(nested);
+    ORXBasMap<int, Inner> copy(nested);
     copy.find(2)->second.Insert(7, 7.5);
     EXPECT_EQ(nested.find(2)->second.size(), 2u);
     EXPECT_EQ(copy.find(2)->second.size(), 3u);
-    EXPECT_EQ(copy.begin()->first, 1);
     EXPECT_EQ(copy.find(2)->second.begin()->second, 0.5);
 
-    ORXBasMap<int, ORXBasMap<int, double>> assigned;
-    assigned.Insert(4, ORXBasMap<int, double>());
+    ORXBasMap<int, Inner> assigned;
+    assigned.Insert(4, Inner());
     assigned = copy;
     EXPECT_EQ(assigned.size(), 2u);
     EXPECT_EQ(assigned.find(4), assigned.end());
 
-    ORXBasMap<int, ORXBasMap<int, double>> moved(
-        static_cast<ORXBasMap<int, ORXBasMap<int, double>>&&>(assigned));
+    ORXBasMap<int, Inner> moved(static_cast<ORXBasMap<int, Inner>&&>(assigned));
     EXPECT_EQ(moved.size(), 2u);
-    EXPECT_EQ(assigned.size(), 0u);
-    EXPECT_EQ(assigned.begin(), assigned.end());
-    assigned.Insert(1, ORXBasMap<int, double>()); // the emptied map is fully usable
-    EXPECT_EQ(assigned.begin()->first, 1);
-    int keys = 0;
-    for (auto const& element : moved)
-        keys += element.first;
-    EXPECT_EQ(keys, 3);
-
+    EXPECT_EQ(moved.begin()->first, 1);
     nested.clear();
-    EXPECT_EQ(nested.size(), 0u);
-    EXPECT_EQ(nested.begin(), nested.end());
-    nested.Insert(3, ORXBasMap<int, double>());
-    EXPECT_EQ(nested.begin()->first, 3);
+    for (ORXBasMap<int, Inner>* emptied : {&assigned, &nested})
+    {
+        EXPECT_EQ(emptied->size(), 0u);
+        EXPECT_EQ(emptied->begin(), emptied->end());
+        emptied->Insert(3, Inner());
+        EXPECT_EQ(emptied->begin()->first, 3);
+    }
 }
 
 TEST(ORXBasMap, StringKeysAndValuesReleaseTheirReferences)

@@ -86,7 +86,7 @@ TEST_F(ORXSrvFsmFTableTest, EmptyTableOnlyPushesTheLabels)
     EXPECT_TRUE(m_owner.GetPosition(m_member).IsNull());
 }
 
-TEST_F(ORXSrvFsmFTableTest, SecondFormHasNoLabelsOfTheCallers)
+TEST_F(ORXSrvFsmFTableTest, SecondFormHasNoLabelsOfTheCallersAndFieldsCountByPrefix)
 {
     std::vector<double> data = {1, 20, 2, 2, 40, 3};
     ORXSrvFsmFTable table;
@@ -98,63 +98,54 @@ TEST_F(ORXSrvFsmFTableTest, SecondFormHasNoLabelsOfTheCallers)
     double value = 0.0;
     EXPECT_TRUE(table.GetColumnData(1, "Field_0", value));
     EXPECT_EQ(value, 3.0);
-}
 
-TEST_F(ORXSrvFsmFTableTest, FieldVariablesAreCountedByTheirPrefix)
-{
+    // Field variables are counted by their prefix.
     ORXBasVector<ORXString> dependent;
     for (char const* label : {"Field_0", "Field_12", "Field", "Field_x", "field_1", "Fiel"})
         dependent.push_back(label);
     ORXBasVector<ORXString> independent;
-    std::vector<double> data(6, 0.5);
-    ORXSrvFsmFTable table;
-    table.CreateTable(m_owner, m_tableType, 1, 6, dependent, independent, m_member, data.data(), 0, false);
+    std::vector<double> halves(6, 0.5);
+    table.CreateTable(m_owner, m_tableType, 1, 6, dependent, independent, m_member, halves.data(), 0, false);
     EXPECT_EQ(table.NumberFieldVariables(), 3);
 }
 
 TEST_F(ORXSrvFsmFTableTest, FillPointerHandsOutRowsTheCallerOwns)
 {
+    ORXBasVector<ORXString> dependent;
+    dependent.push_back("Value");
+    ORXBasVector<ORXString> independent;
+    ORXSrvFsmFTable const empty(
+        ORXSimPosition(m_owner.CreateFTable(m_tableType, 0, dependent, independent, nullptr, 0)));
     std::vector<double> data = {1, 2, 3, 4, 5, 6, 7, 8};
     ORXSrvFsmFTable table;
     table.CreateTable(m_owner, m_tableType, 4, 2, m_member, data.data(), 1, false);
 
-    double** rows = nullptr;
-    int numRows = -1, numCols = -1, numFieldVariables = -1;
-    bool temperature = true;
-    table.FillPointer(rows, numRows, numCols, temperature, numFieldVariables);
-    EXPECT_EQ(numRows, 4);
-    EXPECT_EQ(numCols, 2);
-    EXPECT_FALSE(temperature);
-    EXPECT_EQ(numFieldVariables, 1);
-    ASSERT_NE(rows, nullptr);
-    for (int row = 0; row < numRows; ++row)
+    struct Case
     {
-        EXPECT_EQ(rows[row][0], data[2 * row]);
-        EXPECT_EQ(rows[row][1], data[2 * row + 1]);
-        mem_Free(rows[row]);
+        ORXSrvFsmFTable const* table;
+        int rows, fieldVariables;
+    };
+    for (Case filled : {Case{&table, 4, 1}, Case{&empty, 0, 0}})
+    {
+        double** rows = nullptr;
+        int numRows = -1, numCols = -1, numFieldVariables = -1;
+        bool temperature = true;
+        filled.table->FillPointer(rows, numRows, numCols, temperature, numFieldVariables);
+        EXPECT_EQ(numRows, filled.rows);
+        EXPECT_EQ(numCols, filled.table->NumOfCols());
+        EXPECT_FALSE(temperature);
+        EXPECT_EQ(numFieldVariables, filled.fieldVariables);
+        ASSERT_NE(rows, nullptr);
+        for (int row = 0; row < numRows; ++row)
+        {
+            EXPECT_EQ(rows[row][0], data[2 * row]);
+            EXPECT_EQ(rows[row][1], data[2 * row + 1]);
+            mem_Free(rows[row]);
+        }
+        mem_Free(rows);
     }
-    mem_Free(rows);
-}
-
-TEST_F(ORXSrvFsmFTableTest, FillPointerOnATableWithoutRows)
-{
-    ORXBasVector<ORXString> dependent;
-    dependent.push_back("Value");
-    ORXBasVector<ORXString> independent;
-    ORXSimPosition const position(m_owner.CreateFTable(m_tableType, 0, dependent, independent, nullptr, 0));
-    ORXSrvFsmFTable const table(position);
-
-    double** rows = nullptr;
-    int numRows = -1, numCols = -1, numFieldVariables = -1;
-    bool temperature = true;
-    table.FillPointer(rows, numRows, numCols, temperature, numFieldVariables);
-    EXPECT_EQ(numRows, 0);
-    EXPECT_FALSE(temperature);
-    EXPECT_EQ(numFieldVariables, 0);
-    EXPECT_NE(rows, nullptr);
-    mem_Free(rows);
     double value = 0.0;
-    EXPECT_FALSE(table.GetColumnData(0, "Value", value));
+    EXPECT_FALSE(empty.GetColumnData(0, "Value", value));
 }
 
 } // namespace

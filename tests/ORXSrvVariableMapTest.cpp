@@ -65,40 +65,7 @@ std::vector<Row> Over(int component, char const* fieldType, std::vector<std::pai
 
 std::vector<std::pair<int, int>> const listG1 = {{13, 9}, {13, 11}, {23, 20}, {13, 14}, {23, 24}, {13, 13}};
 
-TEST(ORXSrvVariableMap, HasAllRowsAndTheTerminator)
-{
-    int count = 0;
-    while (ORXSrvVariableMap::GetEntry(count).label)
-        ++count;
-    EXPECT_EQ(count, rowCount);
-
-    ORXSrvVariableStruct const& terminator = ORXSrvVariableMap::GetEntry(rowCount);
-    EXPECT_EQ(terminator.label, nullptr);
-    EXPECT_EQ(terminator.component, 38);
-    EXPECT_STREQ(terminator.fieldType, "UNDEFINED");
-    EXPECT_EQ(terminator.gridType, 0);
-    // The entry is the table's base plus the index.
-    EXPECT_EQ(&ORXSrvVariableMap::GetEntry(rowCount), &ORXSrvVariableMap::GetEntry(0) + rowCount);
-}
-
-TEST(ORXSrvVariableMap, DistinctLabelsFieldTypesAndGridTypes)
-{
-    std::set<std::string> labels, fieldTypes;
-    std::set<int> gridTypes;
-    for (int i = 0; i < rowCount; ++i)
-    {
-        ORXSrvVariableStruct const& row = ORXSrvVariableMap::GetEntry(i);
-        labels.insert(row.label);
-        fieldTypes.insert(row.fieldType);
-        gridTypes.insert(row.gridType);
-    }
-    EXPECT_EQ(labels.size(), 1573u);
-    // The rows name 681 field types.
-    EXPECT_EQ(fieldTypes.size(), 681u);
-    EXPECT_EQ(gridTypes.size(), 19u);
-}
-
-TEST(ORXSrvVariableMap, RowsAndLabelsOfEachGridType)
+TEST(ORXSrvVariableMap, CensusOfRowsLabelsGridTypesAndComponents)
 {
     struct Expected
     {
@@ -109,35 +76,21 @@ TEST(ORXSrvVariableMap, RowsAndLabelsOfEachGridType)
         {23, 24, 602, 510}, {13, 13, 603, 511}, {13, 73, 5, 5},     {13, 75, 210, 204}, {23, 15, 4, 4},
         {23, 92, 4, 4},     {23, 17, 16, 16},   {23, 19, 34, 34},   {23, 94, 343, 331}, {47, 19, 16, 16},
         {47, 20, 8, 8},     {48, 15, 1, 1},     {48, 16, 2, 2},     {48, 19, 2, 2}};
-    std::map<int, int> rows;
-    std::map<int, std::set<std::string>> labels;
-    for (int i = 0; i < rowCount; ++i)
+    std::set<int> const usedComponents = {0,  1,  5,  9,  10, 11, 12, 13, 14, 18, 19, 20, 21,
+                                          22, 23, 24, 25, 26, 31, 32, 33, 35, 36, 37, 38};
+    std::set<std::string> labels, fieldTypes, withBlank, withHyphen;
+    std::map<int, int> rowsOf;
+    std::map<int, std::set<std::string>> labelsOf;
+    int count = 0;
+    for (; ORXSrvVariableMap::GetEntry(count).label; ++count)
     {
-        ORXSrvVariableStruct const& row = ORXSrvVariableMap::GetEntry(i);
-        ++rows[row.gridType];
-        labels[row.gridType].insert(row.label);
-    }
-    int total = 0;
-    for (Expected const& grid : expected)
-    {
-        int const type = Grid(grid.group, grid.member);
-        EXPECT_EQ(rows[type], grid.rows) << grid.group << "/" << grid.member;
-        EXPECT_EQ(labels[type].size(), std::size_t(grid.labels)) << grid.group << "/" << grid.member;
-        total += grid.rows;
-    }
-    EXPECT_EQ(total, rowCount);
-}
-
-TEST(ORXSrvVariableMap, ComponentsAndLabelCharacters)
-{
-    std::set<int> const used = {0,  1,  5,  9,  10, 11, 12, 13, 14, 18, 19, 20, 21,
-                                22, 23, 24, 25, 26, 31, 32, 33, 35, 36, 37, 38};
-    std::set<std::string> withBlank, withHyphen;
-    for (int i = 0; i < rowCount; ++i)
-    {
-        ORXSrvVariableStruct const& row = ORXSrvVariableMap::GetEntry(i);
-        EXPECT_TRUE(used.count(row.component)) << row.label << " " << row.component;
+        ORXSrvVariableStruct const& row = ORXSrvVariableMap::GetEntry(count);
         std::string const label = row.label;
+        labels.insert(label);
+        fieldTypes.insert(row.fieldType);
+        ++rowsOf[row.gridType];
+        labelsOf[row.gridType].insert(label);
+        EXPECT_TRUE(usedComponents.count(row.component)) << label << " " << row.component;
         if (label.find(' ') != std::string::npos)
             withBlank.insert(label);
         if (label.find('-') != std::string::npos)
@@ -145,10 +98,27 @@ TEST(ORXSrvVariableMap, ComponentsAndLabelCharacters)
         for (char c : label)
             EXPECT_FALSE(c >= 'a' && c <= 'z') << label;
     }
+    EXPECT_EQ(count, rowCount);
+    EXPECT_EQ(labels.size(), 1573u);
+    EXPECT_EQ(fieldTypes.size(), 681u);
+    EXPECT_EQ(rowsOf.size(), 19u);
+    for (Expected const& grid : expected)
+    {
+        int const type = Grid(grid.group, grid.member);
+        EXPECT_EQ(rowsOf[type], grid.rows) << grid.group << "/" << grid.member;
+        EXPECT_EQ(labelsOf[type].size(), std::size_t(grid.labels)) << grid.group << "/" << grid.member;
+    }
     EXPECT_EQ(withBlank.size(), 7u);
     for (std::string const& label : withBlank)
         EXPECT_EQ(label.substr(0, 3), "AC ");
     EXPECT_EQ(withHyphen, (std::set<std::string>{"J-ELA", "J-PLA"}));
+
+    // The terminator, at the table's base plus the index.
+    ORXSrvVariableStruct const& terminator = ORXSrvVariableMap::GetEntry(rowCount);
+    EXPECT_EQ(&terminator, &ORXSrvVariableMap::GetEntry(0) + rowCount);
+    EXPECT_EQ(terminator.component, 38);
+    EXPECT_STREQ(terminator.fieldType, "UNDEFINED");
+    EXPECT_EQ(terminator.gridType, 0);
 }
 
 TEST(ORXSrvVariableMap, TellingRows)
@@ -183,10 +153,7 @@ TEST(ORXSrvVariableMap, TellingRows)
     std::vector<Row> cnf1 = Over(0, "CNF_D", {{23, 20}, {23, 94}});
     cnf1.push_back({0, "CNORMF", Grid(23, 94)});
     EXPECT_EQ(RowsOf("CNF1"), cnf1);
-}
 
-TEST(ORXSrvVariableMap, IrregularRowsStandAsWritten)
-{
     // Volume-averaged labels carry one symbol only, and the rows put them on 23/20 alone.
     EXPECT_EQ(RowsOf("PEVAVG12"), Over(5, "PE", {{23, 20}}));
     EXPECT_EQ(RowsOf("SVAVG13").size(), 1u);

@@ -118,19 +118,6 @@ TEST(ORXString, PositionsCountCharactersInUtf8)
     EXPECT_EQ(ORXString("\xC4\x81\xC3\x84").ASCIIToLower(), "\xC4\x81\xC3\x84");
 }
 
-TEST(mem_Entries, FreeOfNullDoesNothingAndBlocksPair)
-{
-    mem_Free(nullptr);
-    void* block = mem_Malloc(16);
-    ASSERT_NE(block, nullptr);
-    mem_Free(block);
-    mem_Free(mem_OperatorNewThrow(8));
-    mem_Free(mem_OperatorNewTinyThrow(8));
-    int* numbers = new (mem_BuiltInAlloc{}) int[4];
-    mem_Free(numbers);
-    EXPECT_EQ(mem_SaturatingProduct(static_cast<std::size_t>(-1) / 2, 4), static_cast<std::size_t>(-1));
-}
-
 TEST(ORXSimArray, GrowsShrinksAndCopiesDeeply)
 {
     ORXSimArray<ORXString, ORXSimArrayClassPolicy<ORXString>> names(2, 0);

@@ -25,15 +25,16 @@ bool const kReuses = true;
 #endif
 } // namespace
 
-TEST(MemEntries, NullAndEmptyRequests)
+TEST(MemEntries, NullEmptyAndSmallRequestsPair)
 {
     mem_Free(nullptr);
-    void* empty = mem_Malloc(0);
-    ASSERT_NE(empty, nullptr);
-    mem_Free(empty);
-    void* tiny = mem_OperatorNewTinyThrow(0);
-    ASSERT_NE(tiny, nullptr);
-    mem_Free(tiny);
+    for (void* block : {mem_Malloc(0), mem_OperatorNewTinyThrow(0), mem_OperatorNewThrow(8)})
+    {
+        ASSERT_NE(block, nullptr);
+        mem_Free(block);
+    }
+    mem_Free(new (mem_BuiltInAlloc{}) int[4]);
+    EXPECT_EQ(mem_SaturatingProduct(static_cast<std::size_t>(-1) / 2, 4), static_cast<std::size_t>(-1));
 }
 
 TEST(MemEntries, LargeFreedBlocksServeFittingRequests)
