@@ -81,6 +81,16 @@ TEST_F(ElementLayerProperty, DrawersAreSharedByLayerPattern)
 TEST_F(ElementLayerProperty, SaveLinksOnceAndANewObjectFindsTheDrawers)
 {
     auto property = Make();
+    {
+        // Non-ascending sets are refused before anything is written.
+        RecordedAssertions reports;
+        ORXSimCSetID unordered = ORXSrvMeshTestDocument::Ordered(mesh.elements, {3, 1});
+        EXPECT_EQ(AssertionText([&] { property->Add(unordered, Layers({0}), Property(0)); }),
+                  "ORXSimCSet(elsetID).IsAscending()");
+        ORXSimCSetID unorderedLayers = ORXSrvMeshTestDocument::Ordered(layers, {2, 0});
+        EXPECT_EQ(AssertionText([&] { property->Add(Elements({1}), unorderedLayers, Property(0)); }),
+                  "ORXSimCSet(layersID).IsAscending()");
+    }
     property->Save(transaction);
     EXPECT_TRUE(Related().IsNull()); // nothing added, nothing linked
 
@@ -103,18 +113,4 @@ TEST_F(ElementLayerProperty, SaveLinksOnceAndANewObjectFindsTheDrawers)
     EXPECT_EQ(DrawerCount(), 2);
     EXPECT_EQ(Lookup(*again, {1, 6}, {1, 2, 3}), (std::vector<int>{2, 2, 2, 0, 0, 0}));
     EXPECT_EQ(Lookup(*again, {4, 7}, {0}), (std::vector<int>{1, 0}));
-}
-
-TEST_F(ElementLayerProperty, NonAscendingSetsAreRefusedBeforeAnythingIsWritten)
-{
-    RecordedAssertions reports;
-    auto property = Make();
-    ORXSimCSetID unordered = ORXSrvMeshTestDocument::Ordered(mesh.elements, {3, 1});
-    EXPECT_EQ(AssertionText([&] { property->Add(unordered, Layers({0}), Property(0)); }),
-              "ORXSimCSet(elsetID).IsAscending()");
-    ORXSimCSetID unorderedLayers = ORXSrvMeshTestDocument::Ordered(layers, {2, 0});
-    EXPECT_EQ(AssertionText([&] { property->Add(Elements({1}), unorderedLayers, Property(0)); }),
-              "ORXSimCSet(layersID).IsAscending()");
-    property->Save(transaction);
-    EXPECT_TRUE(Related().IsNull());
 }

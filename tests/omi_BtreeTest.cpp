@@ -25,15 +25,8 @@ std::string Shape(omi_BtreeNode<Key, int> const* node)
 {
     if (!node)
         return ".";
-    std::string shape("(");
-    shape += Shape(node->Left());
-    shape += ' ';
-    shape += std::to_string(node->GetKey().number);
-    shape += ':';
-    shape += std::to_string(node->MaxDepth());
-    shape += ' ';
-    shape += Shape(node->Right());
-    return shape += ")";
+    return "(" + Shape(node->Left()) + " " + std::to_string(node->GetKey().number) + ":" +
+           std::to_string(node->MaxDepth()) + " " + Shape(node->Right()) + ")";
 }
 
 Tree Build(std::vector<int> const& keys)
