@@ -28,29 +28,15 @@ template <class K, class V> class ORXSimBtree;
 
 // One key and its value with two subtrees; owns its children.
 template <class K, class V>
-class ORXSimBtreeNode : public ORXSimBtreeNodeCore<ORXSimBtreeNode<K, V>>, public mem_AllocationOperators
+class ORXSimBtreeNode : public ORXSimBtreeNodeCore<ORXSimBtreeNode<K, V>, K, V>,
+                        public mem_AllocationOperators
 {
-    using Core = ORXSimBtreeNodeCore<ORXSimBtreeNode>;
+    using Core = ORXSimBtreeNodeCore<ORXSimBtreeNode, K, V>;
 
 public:
-    ORXSimBtreeNode(K const& key, V const& value)
-        : m_value(value), m_key(key), m_left(nullptr), m_right(nullptr), m_maxDepth(0)
-    {
-    }
-    ORXSimBtreeNode(ORXSimBtreeNode const& other)
-        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr),
-          m_maxDepth(other.m_maxDepth)
-    {
-        Core::CloneChildren(other);
-    }
-    ORXSimBtreeNode& operator=(ORXSimBtreeNode const&) = delete;
-    ~ORXSimBtreeNode() { Core::DestroyChildren(); }
+    ORXSimBtreeNode(K const& key, V const& value) : Core(key, value) {}
 
     static int Compare(K const& a, K const& b) { return ORXSimBtreeCompare(a, b); }
-
-    K const& GetKey() const { return m_key; }
-    V& GetValue() { return m_value; }
-    V const& ConstGetValue() const { return m_value; }
 
     bool Insert(K const& key, V const& value, bool replace) { return Core::InsertBelow(key, value, replace); }
 
@@ -58,10 +44,10 @@ public:
     // this node itself goes.
     bool Remove(K const& key, ORXSimBtreeNode*& slot)
     {
-        int order = Compare(m_key, key);
+        int order = Compare(this->m_key, key);
         if (order != 0)
         {
-            ORXSimBtreeNode*& child = order < 0 ? m_left : m_right;
+            ORXSimBtreeNode*& child = order < 0 ? this->m_left : this->m_right;
             if (!child)
                 return false;
             bool removed = child->Remove(key, child);
@@ -77,15 +63,6 @@ public:
         delete this;
         return true;
     }
-
-private:
-    friend Core;
-
-    V m_value;
-    K m_key;
-    ORXSimBtreeNode* m_left;
-    ORXSimBtreeNode* m_right;
-    int m_maxDepth;
 };
 
 // One cell of an iterator's stack.

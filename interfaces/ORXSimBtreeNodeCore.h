@@ -1,14 +1,16 @@
 #pragma once
 // Shape operations shared by the nodes of the two search trees, ORXSimBtreeNode and omi_BtreeNode.
 //
-// A node holds one key and has two children; it stores the height of its subtree and is repaired by
-// single rotations only. Node derives from this class, befriends it, and has the members m_value,
-// m_key, m_left, m_right, m_maxDepth, a constructor from key and value, and a static
-// Compare(a, b) giving the position of b relative to a: negative if b sorts before a, 0 if equal,
-// positive if after.
-template <class Node> class ORXSimBtreeNodeCore
+// A node holds one key and its value and has two children; it stores the height of its subtree and is
+// repaired by single rotations only. Node derives from this class, has public constructors from key
+// and value, and a static Compare(a, b) giving the position of b relative to a: negative if b sorts
+// before a, 0 if equal, positive if after. Copying a node copies its whole subtree, keeping its shape.
+template <class Node, class K, class V> class ORXSimBtreeNodeCore
 {
 public:
+    K const& GetKey() const { return m_key; }
+    V& GetValue() { return m_value; }
+    V const& ConstGetValue() const { return m_value; }
     int MaxDepth() const { return Self().m_maxDepth; }
     Node* Left() const { return Self().m_left; }
     Node* Right() const { return Self().m_right; }
@@ -65,10 +67,18 @@ public:
     }
 
 protected:
-    ORXSimBtreeNodeCore() = default;
-    ORXSimBtreeNodeCore(ORXSimBtreeNodeCore const&) = default;
-    ORXSimBtreeNodeCore& operator=(ORXSimBtreeNodeCore const&) = default;
-    ~ORXSimBtreeNodeCore() = default;
+    ORXSimBtreeNodeCore(K const& key, V const& value)
+        : m_value(value), m_key(key), m_left(nullptr), m_right(nullptr), m_maxDepth(0)
+    {
+    }
+    ORXSimBtreeNodeCore(ORXSimBtreeNodeCore const& other)
+        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr),
+          m_maxDepth(other.m_maxDepth)
+    {
+        CloneChildren(other.Self());
+    }
+    ORXSimBtreeNodeCore& operator=(ORXSimBtreeNodeCore const&) = delete;
+    ~ORXSimBtreeNodeCore() { DestroyChildren(); }
 
     // Inserts below this node; an equal key stores value only if replace is set and gives false.
     // A child whose subtree grew is balanced on the way back, and this node's depth recomputed.
@@ -155,6 +165,12 @@ protected:
         delete self.m_left;
         delete self.m_right;
     }
+
+    V m_value;
+    K m_key;
+    Node* m_left;
+    Node* m_right;
+    int m_maxDepth;
 
 private:
     Node& Self() { return static_cast<Node&>(*this); }

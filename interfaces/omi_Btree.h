@@ -20,30 +20,15 @@ template <class K, class V> class omi_Btree;
 
 // One key and its value with two subtrees; owns its children.
 template <class K, class V>
-class omi_BtreeNode : public ORXSimBtreeNodeCore<omi_BtreeNode<K, V>>, public mem_AllocationOperators
+class omi_BtreeNode : public ORXSimBtreeNodeCore<omi_BtreeNode<K, V>, K, V>, public mem_AllocationOperators
 {
-    using Core = ORXSimBtreeNodeCore<omi_BtreeNode>;
+    using Core = ORXSimBtreeNodeCore<omi_BtreeNode, K, V>;
 
 public:
-    omi_BtreeNode(K const& key, V const& value)
-        : m_value(value), m_key(key), m_left(nullptr), m_right(nullptr), m_maxDepth(0)
-    {
-    }
-    omi_BtreeNode(omi_BtreeNode const& other)
-        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr),
-          m_maxDepth(other.m_maxDepth)
-    {
-        Core::CloneChildren(other);
-    }
-    omi_BtreeNode& operator=(omi_BtreeNode const&) = delete;
-    ~omi_BtreeNode() { Core::DestroyChildren(); }
+    omi_BtreeNode(K const& key, V const& value) : Core(key, value) {}
 
     // Position of b relative to a: negative if b sorts before a, 0 if equal, positive if after.
     static int Compare(K const& a, K const& b) { return b.Compare(a); }
-
-    K const& GetKey() const { return m_key; }
-    V& GetValue() { return m_value; }
-    V const& ConstGetValue() const { return m_value; }
 
     bool Insert(K const& key, V const& value) { return Core::InsertBelow(key, value, false); }
 
@@ -51,10 +36,10 @@ public:
     // node itself goes.
     bool Remove(K const& key, omi_BtreeNode& parent)
     {
-        int order = key.Compare(m_key);
+        int order = key.Compare(this->m_key);
         if (order != 0)
         {
-            omi_BtreeNode*& child = order < 0 ? m_left : m_right;
+            omi_BtreeNode*& child = order < 0 ? this->m_left : this->m_right;
             if (!child)
                 return false;
             bool removed = child->Remove(key, *this);
@@ -73,23 +58,16 @@ public:
     // Puts replacement where the child node was, frees node and recomputes this node's depth.
     void RemoveNode(omi_BtreeNode* node, omi_BtreeNode* replacement)
     {
-        if (node == m_right)
-            m_right = replacement;
+        if (node == this->m_right)
+            this->m_right = replacement;
         else
-            m_left = replacement;
+            this->m_left = replacement;
         delete node;
         Core::SetMaxDepth();
     }
 
 private:
-    friend Core;
     friend class omi_Btree<K, V>;
-
-    V m_value;
-    K m_key;
-    omi_BtreeNode* m_left;
-    omi_BtreeNode* m_right;
-    int m_maxDepth;
 };
 
 // One cell of an iterator's stack.

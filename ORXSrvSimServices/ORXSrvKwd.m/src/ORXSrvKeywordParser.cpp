@@ -6,7 +6,7 @@
 #include <cstring>
 
 // The keyword table's tree, exported by this library.
-template class ORXSimBtreeNodeCore<ORXSimBtreeNode<ORXString, KeywordCallback>>;
+template class ORXSimBtreeNodeCore<ORXSimBtreeNode<ORXString, KeywordCallback>, ORXString, KeywordCallback>;
 template class ORXSimBtreeNode<ORXString, KeywordCallback>;
 template class ORXSimBtreeNodeLink<ORXString, KeywordCallback>;
 template class ORXSimBtreeWalk<ORXSimBtree<ORXString, KeywordCallback>,
