@@ -28,8 +28,8 @@ public:
     ORXSimTransfer& SetWrite();
     ORXSimTransfer& SetDim(int dim, ORXSimCSetID const& set);
     ORXSimTransfer& SetDim(int dim, ORXSimCSet const& set);
-    // With SetDrawer: new members for the drawer's extendable dimension; the other dimensions are
-    // the drawer's own. Replaces the SetDim calls.
+    // With SetDrawer: new members for the drawer's extendable dimension (dimension 0 of a drawer
+    // made without one); the other dimensions are the drawer's own. Replaces the SetDim calls.
     ORXSimTransfer& SetDimExtension(ORXSimCSetID const& members);
     ORXSimTransfer& SetDrawer(ORXSimDrawerID const& drawer);
     // On a write: members new to the drawer's extendable dimension are added to it.

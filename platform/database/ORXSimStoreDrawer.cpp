@@ -69,12 +69,11 @@ char* ORXSimStoreDrawer::Values(bool zero)
     return m_data;
 }
 
-void ORXSimStoreDrawer::Extend(ORXSimIndexSetPtr const& added, bool zeroNewRows)
+void ORXSimStoreDrawer::Extend(int dim, ORXSimIndexSetPtr const& added, bool zeroNewRows)
 {
-    int const ext = m_extendableDim;
-    ORXSimCSet const old = m_domain[ext];
+    ORXSimCSet const old = m_domain[dim];
     ORXSimIndexSetPtr const merged = ORXSimIndexSet::Union(old.SortedData().Get(), added.Get());
-    m_domain[ext] = ORXSimCSet(ORXSimIdentityFactory::CSet(old.CollectionID(), -1), merged);
+    m_domain[dim] = ORXSimCSet(ORXSimIdentityFactory::CSet(old.CollectionID(), -1), merged);
     if (!m_data)
         return;
     std::size_t const rowBytes = static_cast<std::size_t>(DomainItems() / merged->Count()) * m_valueSize;

@@ -41,10 +41,11 @@ public:
     char* Values(bool zero);
     char const* Values() const { return m_data; }
 
-    // Adds members (ascending, none held yet) to the extendable dimension; stored rows move to
-    // their new places. New rows are zero when zeroNewRows is set; a caller that writes every new
-    // row whole at once leaves it unset and fills them itself.
-    void Extend(ORXSimIndexSetPtr const& added, bool zeroNewRows);
+    // Adds members (ascending, none held yet) to dimension dim, the outermost of the block: the
+    // extendable dimension, or dimension 0 of a drawer made without one. Stored rows move to their
+    // new places. New rows are zero when zeroNewRows is set; a caller that writes every new row
+    // whole at once leaves it unset and fills them itself.
+    void Extend(int dim, ORXSimIndexSetPtr const& added, bool zeroNewRows);
 
 private:
     void Reserve(std::size_t bytes, bool exact);

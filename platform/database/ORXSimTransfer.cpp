@@ -37,6 +37,7 @@ public:
     int bufferValueSize = 0;
     unsigned long long required = 0;
     bool extends = false; // the write adds members to the drawer's extendable dimension
+    int growDim = -1;     // that dimension (see GrowDim)
 
     void* buffer = nullptr;
     unsigned long long bufferSize = 0;
@@ -48,6 +49,12 @@ public:
     ORXSimStoreDistribution& Distribution()
     {
         return ORXSimStore::Get(distribution).Distribution(distribution);
+    }
+    // The dimension of target that a write may grow: its extendable one; with SetDimExtension, a
+    // drawer made without one grows in its outermost dimension, 0.
+    int GrowDim(ORXSimStoreDrawer const& target) const
+    {
+        return hasExtension && target.ExtendableDim() < 0 ? 0 : target.ExtendableDim();
     }
     void Check();
     void CheckBuffer() const;
@@ -117,9 +124,7 @@ void ORXSimTransferState::Check()
     {
         if (!target || direction != Write)
             ORXSimRaise("SetDimExtension on " + name + " needs SetWrite and SetDrawer");
-        int const ext = target->ExtendableDim();
-        if (ext < 0)
-            ORXSimRaise(ORXSimDescribe(drawer) + " has no extendable dimension to extend");
+        int const ext = GrowDim(*target);
         for (int i = 0; i < n; ++i)
             view[i] = target->Domain()[i];
         view[ext] = extension;
@@ -161,7 +166,7 @@ void ORXSimTransferState::Check()
     if (target)
     {
         ORXSimDrawerCopy const plan(*target, view, bufferValueSize);
-        int const ext = target->ExtendableDim();
+        int const ext = growDim = GrowDim(*target);
         for (int i = 0; i < n; ++i)
         {
             int const missing = plan.Missing()[i];
@@ -218,7 +223,7 @@ void ORXSimTransferState::DoWrite()
 {
     ORXSimStoreDistribution& d = Distribution();
     ORXSimStoreDrawer& target = make ? MakeDrawer() : d.Drawer(drawer);
-    int const ext = target.ExtendableDim();
+    int const ext = growDim;
     if (extends)
     {
         ORXSimIndexSetPtr const added =
@@ -230,7 +235,7 @@ void ORXSimTransferState::DoWrite()
             if (i != ext)
                 fillsNewRows = fillsNewRows && ORXSimDrawerCopy::WholeDimension(view[i], target.Domain()[i]);
         if (added)
-            target.Extend(added, !fillsNewRows);
+            target.Extend(ext, added, !fillsNewRows);
     }
     ORXSimDrawerCopy const plan(target, view, bufferValueSize);
     char* values = target.Values(!plan.CoversDrawer());
