@@ -434,8 +434,9 @@ TEST_F(ORXSrvFsmMaterialTableTest, ChecksReportWithTheirConditionAndRefusedAppen
         Save(table, saved, refusal.savedTemperature, 2, true);
         Rows more(2, 9, 10);
         EXPECT_THROW(Append(*refusal.table, more, true, refusal.fieldVariables), ORXSimDatabaseException);
-        Fill(table, filled);
-        EXPECT_TRUE(filled.Equals(saved.values));
+        Filled unchanged;
+        Fill(table, unchanged);
+        EXPECT_TRUE(unchanged.Equals(saved.values));
     }
 }
 

@@ -20,12 +20,58 @@ using DrawerDescArray =
     ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>>;
 using CollectionIDArray = ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>>;
 
-// Distribution types of the three kinds of block: one dependent (rows x its columns), the
-// temperature (one value per row) and the field variables (rows x field variables).
+// Distribution types (42, kind) of the three kinds of block: one dependent (rows x its columns),
+// the temperature (one value per row) and the field variables (rows x field variables).
 int const materialGroup = 42;
-int const dependentValuesMember = 12;
-int const temperatureValuesMember = 13;
-int const fieldVariableValuesMember = 14;
+int const dependentValues = 12;
+int const temperatureValues = 13;
+int const fieldVariableValues = 14;
+
+// One block of a table: the distribution of one dependent, of the temperature or of the field
+// variables, linked to the record under (type, member) and of type (42, kind). It holds width
+// columns of each row from cursor on; values is its place, rows by columns, in a packed work
+// array of the table.
+struct Block
+{
+    int type;
+    int member;
+    int kind;
+    int cursor;
+    int width;
+    double* values;
+};
+
+// The blocks of a table in row order: each dependent (those on record only, if given), the
+// temperature if the kind has one and it is asked for, the field variables if there are any.
+std::vector<Block> TableBlocks(ORXSrvFsmMaterialTable const& table, bool withTemperature,
+                               int numFieldVariables, ORXSimPosition const* record = nullptr)
+{
+    std::vector<Block> blocks;
+    int cursor = 0;
+    auto add = [&](int type, int member, int kind, int width)
+    {
+        blocks.push_back(Block{type, member, kind, cursor, width, nullptr});
+        cursor += width;
+    };
+    for (int d = 0; d < table.GetNumberOfDependent(); ++d)
+    {
+        int const type = table.GetDependentTypes()[d], member = table.GetDependentMembers()[d];
+        if (!record || !record->Follow(type, member).IsNull())
+            add(type, member, dependentValues, table.GetDependentLengths()[d]);
+    }
+    if (table.HasTempDependancy() && withTemperature)
+        add(table.GetTemperatureType(), table.GetTemperatureMember(), temperatureValues, 1);
+    if (numFieldVariables > 0)
+        add(table.GetFieldVariableType(), table.GetFieldVariableMember(), fieldVariableValues,
+            numFieldVariables);
+    return blocks;
+}
+
+// Number of columns of a row of those blocks.
+int RowWidth(std::vector<Block> const& blocks)
+{
+    return blocks.empty() ? 0 : blocks.back().cursor + blocks.back().width;
+}
 
 // Doubles of work memory that go back to mem_Free when they leave scope, also when a database
 // call raises on the way.
@@ -49,13 +95,11 @@ private:
 class RowArrays
 {
 public:
-    RowArrays(int numRows, int numCols)
+    // The array of numRows row pointers; the rows themselves come with AddRows.
+    explicit RowArrays(int numRows)
         : m_rows(static_cast<double**>(mem_OperatorNewThrowBuiltin(
               mem_SaturatingProduct(static_cast<std::size_t>(numRows), sizeof(double*)))))
     {
-        std::size_t const rowBytes = mem_SaturatingProduct(static_cast<std::size_t>(numCols), sizeof(double));
-        for (; m_count < numRows; ++m_count)
-            m_rows[m_count] = static_cast<double*>(mem_OperatorNewThrowBuiltin(rowBytes));
     }
     ~RowArrays()
     {
@@ -67,6 +111,14 @@ public:
     }
     RowArrays(RowArrays const&) = delete;
     RowArrays& operator=(RowArrays const&) = delete;
+
+    // Allocates the next count rows of numCols doubles each.
+    void AddRows(int count, int numCols)
+    {
+        std::size_t const rowBytes = mem_SaturatingProduct(static_cast<std::size_t>(numCols), sizeof(double));
+        for (int const end = m_count + count; m_count < end; ++m_count)
+            m_rows[m_count] = static_cast<double*>(mem_OperatorNewThrowBuiltin(rowBytes));
+    }
     double** Get() const { return m_rows; }
     double** Release()
     {
@@ -80,26 +132,89 @@ private:
     int m_count = 0;
 };
 
-// Entry i * width + c of block takes values[i][offset + c], for the numRows rows.
-void Gather(double const* const* values, int numRows, int offset, int width, double* block)
+// Copies width values per row i from source(i) to target(i), for the numRows rows. W is the width
+// when it is a constant, 0 when it is not.
+template <int W, class Source, class Target>
+void CopyRows(int numRows, int width, Source source, Target target)
 {
+    int const n = W > 0 ? W : width;
     for (int i = 0; i < numRows; ++i)
-        for (int c = 0; c < width; ++c)
-            block[static_cast<std::size_t>(i) * width + c] = values[i][offset + c];
+    {
+        double const* from = source(i);
+        double* to = target(i);
+        for (int c = 0; c < n; ++c)
+            to[c] = from[c];
+    }
 }
 
-// rows[i][cursor + c] takes entry i * width + c of block, for the numRows rows.
-void Scatter(double const* block, int numRows, int cursor, int width, double** rows)
+// The same, with the narrow widths of material blocks as constants, so that each row is a few
+// plain moves instead of a counted loop.
+template <class Source, class Target> void CopyRows(int numRows, int width, Source source, Target target)
 {
-    for (int i = 0; i < numRows; ++i)
-        for (int c = 0; c < width; ++c)
-            rows[i][cursor + c] = block[static_cast<std::size_t>(i) * width + c];
+    switch (width)
+    {
+    case 1:
+        return CopyRows<1>(numRows, width, source, target);
+    case 2:
+        return CopyRows<2>(numRows, width, source, target);
+    case 3:
+        return CopyRows<3>(numRows, width, source, target);
+    case 4:
+        return CopyRows<4>(numRows, width, source, target);
+    case 6:
+        return CopyRows<6>(numRows, width, source, target);
+    default:
+        return CopyRows<0>(numRows, width, source, target);
+    }
 }
 
-ORXSimTypeID BlockType(ORXSimContext const& context, int member)
+// The blocks of a table over numRows rows, packed into one work array block after block. Rows go
+// between the caller's row arrays and the blocks in runs of rowBatch, so that each run stays in
+// the cache while every block copies its columns.
+class PackedBlocks
 {
-    return context.Schema().TypeID(vds_CoreFragmentTypeIndex(materialGroup, member));
-}
+public:
+    PackedBlocks(std::vector<Block>& blocks, int numRows)
+        : m_blocks(blocks), m_numRows(numRows), m_values(static_cast<std::size_t>(numRows) * RowWidth(blocks))
+    {
+        for (Block& block : blocks)
+            block.values = m_values.Get() + static_cast<std::size_t>(numRows) * block.cursor;
+    }
+
+    // Each block takes its columns of the caller's rows.
+    void Gather(double const* const* rows) const
+    {
+        for (int first = 0; first < m_numRows; first += rowBatch)
+            for (Block const& block : m_blocks)
+                CopyRows(
+                    Batch(first), block.width, [&](int i) { return rows[first + i] + block.cursor; },
+                    [&](int i) { return block.values + static_cast<std::size_t>(first + i) * block.width; });
+    }
+
+    // New row arrays of the whole table, which the caller owns.
+    double** BuildRows() const
+    {
+        RowArrays rows(m_numRows);
+        for (int first = 0; first < m_numRows; first += rowBatch)
+        {
+            rows.AddRows(Batch(first), RowWidth(m_blocks));
+            for (Block const& block : m_blocks)
+                CopyRows(
+                    Batch(first), block.width,
+                    [&](int i) { return block.values + static_cast<std::size_t>(first + i) * block.width; },
+                    [&](int i) { return rows.Get()[first + i] + block.cursor; });
+        }
+        return rows.Release();
+    }
+
+private:
+    static int const rowBatch = 256;
+    int Batch(int first) const { return m_numRows - first < rowBatch ? m_numRows - first : rowBatch; }
+
+    std::vector<Block> const& m_blocks;
+    int m_numRows;
+    WorkValues m_values;
+};
 
 // The drawers of the distribution at position; none for a null position, with element 0 left
 // readable as QueryDrawers leaves it.
@@ -111,47 +226,40 @@ void QueryDrawersAt(ORXSimPosition const& position, DrawerDescArray& drawers)
         ORXSimDistribution(position.GetDistribution()).QueryDrawers(drawers);
 }
 
-// The caller's rows, and the row set they go to or come from.
-struct TableRows
+// Makes the distribution of block over the collection of rowSet (and that of across unless it is
+// null, for the one-dimensional temperature), writes its values into one new drawer over rowSet
+// (and across), chunked over all rows if asked, and gives its identity.
+ORXSimDistributionID SaveBlock(ORXSimContext const& context, Block const& block,
+                               ORXSimCollectionID const& rows, ORXSimCSetID const& rowSet, int numRows,
+                               ORXSimCollectionID const& across, ORXSimCSetID const& acrossSet, bool chunked)
 {
-    double const* const* values;
-    int numRows;
-    ORXSimCSetID rowSet;
-};
-
-// Makes a distribution of the given type over the rows' collection (and the columns' collection
-// unless columns is null, for the one-dimensional temperature), writes width values of each row
-// from offset on into one new drawer, chunked over all rows if asked, and gives its identity.
-ORXSimDistributionID SaveBlock(ORXSimContext const& context, int member, TableRows const& rows,
-                               ORXSimCSetID const* columns, int offset, int width, bool chunked,
-                               double* buffer)
-{
-    bool const twoDimensional = columns != nullptr;
+    bool const twoDimensional = block.kind != temperatureValues;
     CollectionIDArray collections(twoDimensional ? 2 : 1, 0);
-    collections.Get(0) = rows.rowSet.CollectionID();
+    collections.Get(0) = rows;
     if (twoDimensional)
-        collections.Get(1) = columns->CollectionID();
-    ORXSimDistributionID const id =
-        context.CreateDistribution(ORXSimGrid(collections), ORXSimRangeType(4), BlockType(context, member));
-    Gather(rows.values, rows.numRows, offset, width, buffer);
+        collections.Get(1) = across;
+    ORXSimDistributionID const id = context.CreateDistribution(
+        ORXSimGrid(collections), ORXSimRangeType(4),
+        context.Schema().TypeID(vds_CoreFragmentTypeIndex(materialGroup, block.kind)));
 
     ORXSimTransfer transfer{ORXSimDistribution(id)};
     transfer.SetWrite().SetBufferPadding(false);
     if (chunked)
     {
         ORXSimArray<int> chunks(twoDimensional ? 2 : 1, 0);
-        chunks.Get(0) = rows.numRows;
+        chunks.Get(0) = numRows;
         if (twoDimensional)
-            chunks.Get(1) = width;
+            chunks.Get(1) = block.width;
         transfer.SetMakeNewDrawerChunked(chunks).SetExtendableDim(0);
     }
     else
         transfer.SetMakeNewDrawer();
-    transfer.SetDim(0, rows.rowSet);
+    transfer.SetDim(0, rowSet);
     if (twoDimensional)
-        transfer.SetDim(1, *columns);
+        transfer.SetDim(1, acrossSet);
     transfer.CheckView();
-    transfer.SetBuffer(0, buffer, static_cast<unsigned long long>(rows.numRows) * width * sizeof(double));
+    transfer.SetBuffer(0, block.values,
+                       static_cast<unsigned long long>(numRows) * block.width * sizeof(double));
     transfer.ExecWrite();
     transfer.RelinquishBuffers();
     return id;
@@ -162,28 +270,21 @@ ORXSimDistributionID SaveBlock(ORXSimContext const& context, int member, TableRo
 class AppendWrites
 {
 public:
-    AppendWrites(TableRows const& rows, int numCols)
-        : m_rows(rows), m_buffer(static_cast<std::size_t>(rows.numRows) * numCols)
-    {
-    }
-
-    // Sets up the write of width values of each row from offset on, as new rows of element 0 of
-    // the drawers of the distribution at position.
-    void Add(ORXSimPosition const& position, int offset, int width)
+    // Sets up the write of block's values for the rows of added, new to element 0 of the drawers of
+    // the distribution at position.
+    void Add(ORXSimPosition const& position, Block const& block, ORXSimCSetID const& added, int numRows)
     {
         DrawerDescArray drawers(1, 0);
         ORXSimDistribution const distribution(position.GetDistribution());
         distribution.QueryDrawers(drawers);
-        double* block = m_buffer.Get() + static_cast<std::size_t>(m_rows.numRows) * offset;
-        Gather(m_rows.values, m_rows.numRows, offset, width, block);
         m_writes.push_back(std::make_unique<ORXSimTransfer>(distribution));
         ORXSimTransfer& transfer = *m_writes.back();
         transfer.SetWrite().SetBufferPadding(false).SetDrawer(drawers[0].DrawerID());
-        transfer.SetDimExtension(m_rows.rowSet);
+        transfer.SetDimExtension(added);
         transfer.CheckView();
         unsigned long long const bytes =
-            static_cast<unsigned long long>(m_rows.numRows) * width * sizeof(double);
-        transfer.SetBuffer(0, block, bytes);
+            static_cast<unsigned long long>(numRows) * block.width * sizeof(double);
+        transfer.SetBuffer(0, block.values, bytes);
         m_fits.push_back(transfer.RequiredBufferSize(0) == bytes);
     }
 
@@ -202,31 +303,29 @@ public:
     }
 
 private:
-    TableRows m_rows;
-    WorkValues m_buffer;
     std::vector<std::unique_ptr<ORXSimTransfer>> m_writes;
     std::vector<bool> m_fits;
 };
 
-// Reads the numRows x width values of the distribution at position over the domain of its first
-// drawer (one or two dimensions) and puts them into rows[i][cursor + c].
-void ReadBlock(ORXSimPosition const& position, ORXSimOCompartment const& domain, int numRows, int width,
-               double** rows, int cursor)
+// Reads the numRows x width values of the distribution at position over the domain of drawer, its
+// first (one or two dimensions), into block's values.
+void ReadBlock(ORXSimPosition const& position, ORXSimPersistentDrawerDesc const& drawer, int numRows,
+               Block const& block)
 {
+    ORXSimOCompartment const& domain = drawer.Domain();
     ORXSimTransfer transfer{ORXSimDistribution(position.GetDistribution())};
     transfer.SetRead().SetBufferPadding(false).SetDim(0, domain.CSet(0));
     if (domain.Size() == 2)
         transfer.SetDim(1, domain.CSet(1));
     transfer.CheckView();
-    std::size_t const count = static_cast<std::size_t>(numRows) * width;
-    WorkValues buffer(count);
-    // Places no drawer holds read as 0.0.
-    if (count > 0)
-        std::memset(buffer.Get(), 0, count * sizeof(double));
-    transfer.SetBuffer(0, buffer.Get(), count * sizeof(double));
+    std::size_t const count = static_cast<std::size_t>(numRows) * block.width;
+    // Places no drawer holds read as 0.0. A drawer that stores every value of its domain fills them
+    // all, as the view is that domain.
+    if (count > 0 && drawer.DataSizeItems(0) != count)
+        std::memset(block.values, 0, count * sizeof(double));
+    transfer.SetBuffer(0, block.values, count * sizeof(double));
     transfer.ExecRead();
     transfer.RelinquishBuffers();
-    Scatter(buffer.Get(), numRows, cursor, width, rows);
 }
 } // namespace
 
@@ -319,51 +418,27 @@ ORXSimCSetID ORXSrvFsmMaterialTable::Save(ORXSimTransaction&, ORXSimPosition& re
 {
     if (!IsComplete() || numRows == 0)
         return ORXSimCSetID();
-    TableRows const table{values, numRows, ExtendCollection(rows, numRows)};
+    ORXSimCSetID const rowSet = ExtendCollection(rows, numRows);
     ORXSimContext const context(record.ContextID());
-    bool const temperature = m_hasTempDependancy && withTemperature;
+    std::vector<Block> blocks = TableBlocks(*this, withTemperature, numFieldVariables);
+    PackedBlocks const packed(blocks, numRows);
+    packed.Gather(values);
 
-    int widest = temperature ? 1 : 0;
-    if (numFieldVariables > widest)
-        widest = numFieldVariables;
-    for (int d = 0; d < m_numDependent; ++d)
-        if (m_dependentLengths[d] > widest)
-            widest = m_dependentLengths[d];
-    WorkValues buffer(static_cast<std::size_t>(numRows) * widest);
-
-    ORXSimArray<ORXSimDistributionID> distributions(m_numDependent, 0);
-    int offset = 0;
-    for (int d = 0; d < m_numDependent; ++d)
+    ORXSimArray<ORXSimDistributionID> written(static_cast<int>(blocks.size()), 0);
+    for (std::size_t b = 0; b < blocks.size(); ++b)
     {
-        int const width = m_dependentLengths[d];
-        ORXSimCSetID const columnSet = ExtendCollection(columns, width);
-        distributions.Get(d) = SaveBlock(context, dependentValuesMember, table, &columnSet, offset, width,
-                                         chunked, buffer.Get());
-        offset += width;
+        // Dependents lie over the rows and their columns, field variables over the rows and the
+        // field variables, the temperature over the rows alone.
+        ORXSimCollectionID const& across = blocks[b].kind == dependentValues ? columns : fieldVariables;
+        ORXSimCSetID const acrossSet =
+            blocks[b].kind == temperatureValues ? ORXSimCSetID() : ExtendCollection(across, blocks[b].width);
+        written.Get(static_cast<int>(b)) =
+            SaveBlock(context, blocks[b], rows, rowSet, numRows, across, acrossSet, chunked);
     }
-    ORXSimDistributionID temperatureValues;
-    if (temperature)
-    {
-        temperatureValues =
-            SaveBlock(context, temperatureValuesMember, table, nullptr, offset, 1, chunked, buffer.Get());
-        offset += 1;
-    }
-    ORXSimDistributionID fieldVariableValues;
-    if (numFieldVariables > 0)
-    {
-        ORXSimCSetID const fieldVariableSet = ExtendCollection(fieldVariables, numFieldVariables);
-        fieldVariableValues = SaveBlock(context, fieldVariableValuesMember, table, &fieldVariableSet, offset,
-                                        numFieldVariables, chunked, buffer.Get());
-    }
-
     // The record is linked only once every block is written, so a refused write leaves it as it was.
-    for (int d = 0; d < m_numDependent; ++d)
-        record.Associate(m_dependentTypes[d], m_dependentMembers[d], ORXSimPosition(distributions[d]));
-    if (temperature)
-        record.Associate(m_temperatureType, m_temperatureMember, ORXSimPosition(temperatureValues));
-    if (numFieldVariables > 0)
-        record.Associate(m_fieldVariableType, m_fieldVariableMember, ORXSimPosition(fieldVariableValues));
-    return table.rowSet;
+    for (std::size_t b = 0; b < blocks.size(); ++b)
+        record.Associate(blocks[b].type, blocks[b].member, ORXSimPosition(written[static_cast<int>(b)]));
+    return rowSet;
 }
 
 ORXSimCSetID ORXSrvFsmMaterialTable::Append(ORXSimTransaction&, ORXSimPosition& record,
@@ -379,25 +454,13 @@ ORXSimCSetID ORXSrvFsmMaterialTable::Append(ORXSimTransaction&, ORXSimPosition& 
     int const oldRows = ddesc[0].Domain().CSet(0).Size();
     ExtendCollection(rows, oldRows + numRows);
     ORXSimCSetID const added = ORXSimCollection(rows).CreateCSetStrided(oldRows, numRows, 1, 1);
-    bool const temperature = m_hasTempDependancy && withTemperature;
 
-    int numCols = (temperature ? 1 : 0) + (numFieldVariables > 0 ? numFieldVariables : 0);
-    for (int d = 0; d < m_numDependent; ++d)
-        numCols += m_dependentLengths[d];
-    AppendWrites writes(TableRows{values, numRows, added}, numCols);
-    int offset = 0;
-    for (int d = 0; d < m_numDependent; ++d)
-    {
-        writes.Add(record.Follow(m_dependentTypes[d], m_dependentMembers[d]), offset, m_dependentLengths[d]);
-        offset += m_dependentLengths[d];
-    }
-    if (temperature)
-    {
-        writes.Add(record.Follow(m_temperatureType, m_temperatureMember), offset, 1);
-        offset += 1;
-    }
-    if (numFieldVariables > 0)
-        writes.Add(record.Follow(m_fieldVariableType, m_fieldVariableMember), offset, numFieldVariables);
+    std::vector<Block> blocks = TableBlocks(*this, withTemperature, numFieldVariables);
+    PackedBlocks const packed(blocks, numRows);
+    packed.Gather(values);
+    AppendWrites writes;
+    for (Block const& block : blocks)
+        writes.Add(record.Follow(block.type, block.member), block, added, numRows);
     writes.Run();
     return added;
 }
@@ -444,45 +507,30 @@ void ORXSrvFsmMaterialTable::FillPointer(ORXSimPosition const& record, double**&
     ORXSimOCompartment const& firstDomain = drawers[0].Domain();
     numRows = firstDomain.Size() > 0 ? firstDomain.CSet(0).Size() : 0;
     numFieldVariables = NumberFieldVariables(record);
+    // Dependents missing on the record take no columns.
+    std::vector<Block> blocks = TableBlocks(*this, temperature, numFieldVariables, &record);
+    numCols = RowWidth(blocks);
 
-    std::vector<ORXSimPosition> dependents(m_numDependent);
-    numCols = numFieldVariables + (temperature ? 1 : 0);
-    for (int d = 0; d < m_numDependent; ++d)
+    // Every block is read into the packed work array before the rows are built.
+    PackedBlocks const packed(blocks, numRows);
+    for (Block const& block : blocks)
     {
-        dependents[d] = record.Follow(m_dependentTypes[d], m_dependentMembers[d]);
-        if (!dependents[d].IsNull())
-            numCols += m_dependentLengths[d];
-    }
-    RowArrays result(numRows, numCols);
-
-    int cursor = 0;
-    for (int d = 0; d < m_numDependent; ++d)
-    {
-        if (dependents[d].IsNull())
-            continue;
-        QueryDrawersAt(dependents[d], drawers);
-        ORXSimOCompartment const& dependentDomain = drawers[0].Domain();
-        int const ndomain = dependentDomain.Size();
-        ORXSrvAssert(ndomain == 2 || ndomain == 1);
-        ReadBlock(dependents[d], dependentDomain, numRows, m_dependentLengths[d], result.Get(), cursor);
-        cursor += m_dependentLengths[d];
-    }
-    if (temperature)
-    {
-        ORXSimPosition const values = record.Follow(m_temperatureType, m_temperatureMember);
+        ORXSimPosition const values = record.Follow(block.type, block.member);
         QueryDrawersAt(values, drawers);
-        ORXSimOCompartment const& domain = drawers[0].Domain();
-        ORXSrvAssert(domain.Size() == 1);
-        ReadBlock(values, domain, numRows, 1, result.Get(), cursor);
-        cursor += 1;
+        if (block.kind == dependentValues)
+        {
+            int const ndomain = drawers[0].Domain().Size();
+            ORXSrvAssert(ndomain == 2 || ndomain == 1);
+        }
+        else
+        {
+            ORXSimOCompartment const& domain = drawers[0].Domain();
+            if (block.kind == temperatureValues)
+                ORXSrvAssert(domain.Size() == 1);
+            else
+                ORXSrvAssert(domain.Size() == 2);
+        }
+        ReadBlock(values, drawers[0], numRows, block);
     }
-    if (numFieldVariables > 0)
-    {
-        ORXSimPosition const values = record.Follow(m_fieldVariableType, m_fieldVariableMember);
-        QueryDrawersAt(values, drawers);
-        ORXSimOCompartment const& domain = drawers[0].Domain();
-        ORXSrvAssert(domain.Size() == 2);
-        ReadBlock(values, domain, numRows, numFieldVariables, result.Get(), cursor);
-    }
-    rows = result.Release();
+    rows = packed.BuildRows();
 }
