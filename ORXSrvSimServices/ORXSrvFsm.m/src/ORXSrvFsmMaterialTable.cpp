@@ -352,51 +352,6 @@ ORXSrvFsmMaterialTable::ORXSrvFsmMaterialTable(const int* types, const int* memb
 
 ORXSrvFsmMaterialTable::~ORXSrvFsmMaterialTable() = default;
 
-int ORXSrvFsmMaterialTable::GetNumberOfDependent() const
-{
-    return m_numDependent;
-}
-
-const int* ORXSrvFsmMaterialTable::GetDependentTypes() const
-{
-    return m_dependentTypes;
-}
-
-const int* ORXSrvFsmMaterialTable::GetDependentMembers() const
-{
-    return m_dependentMembers;
-}
-
-const int* ORXSrvFsmMaterialTable::GetDependentLengths() const
-{
-    return m_dependentLengths;
-}
-
-bool ORXSrvFsmMaterialTable::HasTempDependancy() const
-{
-    return m_hasTempDependancy;
-}
-
-int ORXSrvFsmMaterialTable::GetTemperatureType() const
-{
-    return m_temperatureType;
-}
-
-int ORXSrvFsmMaterialTable::GetTemperatureMember() const
-{
-    return m_temperatureMember;
-}
-
-int ORXSrvFsmMaterialTable::GetFieldVariableType() const
-{
-    return m_fieldVariableType;
-}
-
-int ORXSrvFsmMaterialTable::GetFieldVariableMember() const
-{
-    return m_fieldVariableMember;
-}
-
 bool ORXSrvFsmMaterialTable::IsComplete() const
 {
     return m_dependentTypes && m_dependentMembers && m_dependentLengths;

@@ -25,16 +25,16 @@ public:
     // Frees nothing: the arrays are the caller's.
     ~ORXSrvFsmMaterialTable();
 
-    int GetNumberOfDependent() const;
-    const int* GetDependentTypes() const;
-    const int* GetDependentMembers() const;
-    const int* GetDependentLengths() const;
+    int GetNumberOfDependent() const { return m_numDependent; }
+    const int* GetDependentTypes() const { return m_dependentTypes; }
+    const int* GetDependentMembers() const { return m_dependentMembers; }
+    const int* GetDependentLengths() const { return m_dependentLengths; }
     // Whether this kind of table can carry a temperature column.
-    bool HasTempDependancy() const;
-    int GetTemperatureType() const;
-    int GetTemperatureMember() const;
-    int GetFieldVariableType() const;
-    int GetFieldVariableMember() const;
+    bool HasTempDependancy() const { return m_hasTempDependancy; }
+    int GetTemperatureType() const { return m_temperatureType; }
+    int GetTemperatureMember() const { return m_temperatureMember; }
+    int GetFieldVariableType() const { return m_fieldVariableType; }
+    int GetFieldVariableMember() const { return m_fieldVariableMember; }
 
     // Writes numRows rows as new distributions over members 0 .. numRows - 1 of rows (and of
     // columns and fieldVariables for the widths), in drawers chunked over all rows if chunked, and
