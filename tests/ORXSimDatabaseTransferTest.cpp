@@ -194,6 +194,21 @@ TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
     EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 17);
 }
 
+// Sequence 5 on a drawer made without an extendable dimension grows its first dimension.
+TEST_F(Transfers, ExtensionOfADrawerWithoutExtendableDimensionGrowsDimensionZero)
+{
+    std::vector<double> first = Rows(0, 2), more = Rows(2, 3);
+    ORXSimTransfer make{ORXSimDistribution(coordinates)};
+    make.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+    make.SetDim(0, Run(nodes, 0, 2)).SetDim(1, Run(components, 0, 3)).CheckView();
+    make.SetBuffer(0, first.data(), first.size() * sizeof(double)).ExecWrite();
+    ORXSimTransfer extend{ORXSimDistribution(coordinates)};
+    extend.SetWrite().SetBufferPadding(false).SetDrawer(make.DrawerID()).SetDimExtension(Run(nodes, 2, 3));
+    extend.CheckView().SetBuffer(0, more.data(), more.size() * sizeof(double)).ExecWrite();
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 5))), Rows(0, 5));
+    EXPECT_EQ(ORXSimDrawer(make.DrawerID()).Description().ExtendableDim(), -1);
+}
+
 TEST_F(Transfers, RowsFollowTheOrderOfTheSets)
 {
     ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 5));
