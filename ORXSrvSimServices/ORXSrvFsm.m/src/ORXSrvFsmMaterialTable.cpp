@@ -226,9 +226,9 @@ void QueryDrawersAt(ORXSimPosition const& position, DrawerDescArray& drawers)
         ORXSimDistribution(position.GetDistribution()).QueryDrawers(drawers);
 }
 
-// Makes the distribution of block over the collection of rowSet (and that of across unless it is
-// null, for the one-dimensional temperature), writes its values into one new drawer over rowSet
-// (and across), chunked over all rows if asked, and gives its identity.
+// Makes the distribution of block over rows and across (over rows alone for the one-dimensional
+// temperature), writes its values into one new drawer over rowSet and acrossSet, chunked over all
+// rows if asked, and gives its identity.
 ORXSimDistributionID SaveBlock(ORXSimContext const& context, Block const& block,
                                ORXSimCollectionID const& rows, ORXSimCSetID const& rowSet, int numRows,
                                ORXSimCollectionID const& across, ORXSimCSetID const& acrossSet, bool chunked)
