@@ -11,7 +11,12 @@ public:
         : ORXSimDynamicID(CanBeConverted(id) ? id : ORXSimDynamicID())
     {
     }
-    static bool CanBeConverted(ORXSimDynamicID const& id) { return id.Category() == CSetCategory; }
+    // True for the identity of a CSet, and for the null identity, which converts to the null CSet
+    // identity: "no set" is a set result too.
+    static bool CanBeConverted(ORXSimDynamicID const& id)
+    {
+        return id.Category() == CSetCategory || id.Category() == NullCategory;
+    }
 
     ORXSimIDMinor Minor() const { return Minor2(); }
     ORXSimCollectionID CollectionID() const { return ORXSimCollectionID(ContextID(), Minor1(), TypeID(), 0); }
