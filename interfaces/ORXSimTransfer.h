@@ -44,8 +44,8 @@ public:
 
     // Validates the view against the distribution and the drawer; raises if they do not fit.
     ORXSimTransfer& CheckView();
-    // Bytes of that buffer for this view.
-    unsigned long long RequiredBufferSize(int buffer) const;
+    // Bytes of that buffer for this view (buffer 0 when none is named).
+    unsigned long long RequiredBufferSize(int buffer = 0) const;
     ORXSimTransfer& SetBuffer(int buffer, void* data, unsigned long long size);
     ORXSimTransfer& SetBuffer(void* data, unsigned long long size);
 

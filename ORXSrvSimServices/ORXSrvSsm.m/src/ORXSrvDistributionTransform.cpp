@@ -1,0 +1,8 @@
+#include "ORXSrvDistributionTransform.h"
+
+ORXSrvDistributionTransform::~ORXSrvDistributionTransform() = default;
+
+void ORXSrvDistributionTransform::Update(
+    void*, ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>>&) const
+{
+}
