@@ -69,7 +69,8 @@ bool ORXSimSetiterator::NotDone() const
     return m_index < static_cast<int>(m_set.m_repr->Items().size());
 }
 
+// A walk that is done, as on an empty set, stands on a null position.
 ORXSimPosition ORXSimSetiterator::operator*() const
 {
-    return ORXSimPosition(m_set.m_repr->Items()[m_index]);
+    return NotDone() ? ORXSimPosition(m_set.m_repr->Items()[m_index]) : ORXSimPosition();
 }

@@ -170,9 +170,11 @@ void ORXSimTransferState::Check()
         for (int i = 0; i < n; ++i)
         {
             int const missing = plan.Missing()[i];
+            // A read of a named drawer leaves the places it does not hold as the caller left them,
+            // as a read over all drawers does.
             if (direction == Read)
-                RequireHeld(*target, i, missing, "read of members the drawer does not hold");
-            else if (!(autoExtend || hasExtension))
+                continue;
+            if (!(autoExtend || hasExtension))
                 RequireHeld(*target, i, missing, "write past the drawer without SetAutoExtend");
             else if (i == ext)
                 extends = extends || missing > 0;
