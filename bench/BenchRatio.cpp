@@ -58,6 +58,8 @@ void OrxBenchPrintRatio(std::string const& name, double value)
 
 int main(int argc, char** argv)
 {
+    std::printf("build type: %s\n", ORXSRV_BUILD_TYPE[0] ? ORXSRV_BUILD_TYPE : "none");
+    std::fflush(stdout);
     benchmark::Initialize(&argc, argv);
     RecordingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

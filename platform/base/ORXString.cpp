@@ -67,14 +67,18 @@ ORXString::~ORXString()
     Release();
 }
 
+// The source is read before this string lets go of its own text: the source may be this string.
 ORXString& ORXString::operator=(ORXString const& other)
 {
-    if (other.m_rep)
-        ++other.m_rep->refCount;
+    char* data = other.m_data;
+    atr_StringRep* rep = other.m_rep;
+    bool const ascii = other.m_isAscii;
+    if (rep)
+        ++rep->refCount;
     Release();
-    m_data = other.m_data;
-    m_rep = other.m_rep;
-    m_isAscii = other.m_isAscii;
+    m_data = data;
+    m_rep = rep;
+    m_isAscii = ascii;
     return *this;
 }
 

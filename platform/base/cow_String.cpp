@@ -23,13 +23,16 @@ cow_String::cow_String(cow_String const& other) : m_text(other.m_text), m_rep(ot
         ++m_rep->refCount;
 }
 
+// The source is read before this string lets go of its own text: the source may be this string.
 cow_String& cow_String::operator=(cow_String const& other)
 {
-    if (other.m_rep)
-        ++other.m_rep->refCount;
+    char const* text = other.m_text;
+    Rep* rep = other.m_rep;
+    if (rep)
+        ++rep->refCount;
     Release();
-    m_text = other.m_text;
-    m_rep = other.m_rep;
+    m_text = text;
+    m_rep = rep;
     return *this;
 }
 
