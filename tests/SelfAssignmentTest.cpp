@@ -9,8 +9,9 @@
 
 namespace
 {
-// A node that owns the next one, for assignments from an object the target itself keeps alive.
-struct Link
+// A node that owns the next one, for assignments from an object the target itself keeps alive;
+// shared pointers give their objects back through the memory entries.
+struct Link : mem_AllocationOperators
 {
     int value = 0;
     ORXBasSharedPtr<Link> next;
