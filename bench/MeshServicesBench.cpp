@@ -6,6 +6,7 @@
 //   invert_peak_memory_vs_data         peak memory that Invert() takes beyond what it had, against
 //                                      the connectivity bytes plus the result bytes
 // Memory is measured by counting every block of the process's allocator in use.
+#include "BenchMemory.h"
 #include "BenchRatio.h"
 
 #include <ORXSrvBasic.h>
@@ -19,75 +20,6 @@
 #include <cstring>
 #include <memory>
 #include <vector>
-
-// Allocation counting: the process's malloc family is wrapped so that the bytes in use and their
-// peak are known at any time.
-extern "C"
-{
-    void* __libc_malloc(size_t size);
-    void* __libc_calloc(size_t count, size_t size);
-    void* __libc_realloc(void* pointer, size_t size);
-    void* __libc_memalign(size_t alignment, size_t size);
-    void __libc_free(void* pointer);
-}
-
-namespace
-{
-long long g_bytesInUse = 0;
-long long g_peakBytes = 0;
-
-void* Counted(void* pointer)
-{
-    if (pointer)
-    {
-        g_bytesInUse += static_cast<long long>(malloc_usable_size(pointer));
-        g_peakBytes = std::max(g_peakBytes, g_bytesInUse);
-    }
-    return pointer;
-}
-
-void Uncount(void* pointer)
-{
-    if (pointer)
-        g_bytesInUse -= static_cast<long long>(malloc_usable_size(pointer));
-}
-} // namespace
-
-// The wrappers keep the C library's declarations, noexcept clauses included.
-extern "C"
-{
-    void* malloc(size_t size) noexcept
-    {
-        return Counted(__libc_malloc(size));
-    }
-    void* calloc(size_t count, size_t size) noexcept
-    {
-        return Counted(__libc_calloc(count, size));
-    }
-    void* realloc(void* pointer, size_t size) noexcept
-    {
-        Uncount(pointer);
-        return Counted(__libc_realloc(pointer, size));
-    }
-    void* memalign(size_t alignment, size_t size) noexcept
-    {
-        return Counted(__libc_memalign(alignment, size));
-    }
-    void* aligned_alloc(size_t alignment, size_t size) noexcept
-    {
-        return Counted(__libc_memalign(alignment, size));
-    }
-    int posix_memalign(void** result, size_t alignment, size_t size) noexcept
-    {
-        *result = Counted(__libc_memalign(alignment, size));
-        return *result ? 0 : ENOMEM;
-    }
-    void free(void* pointer) noexcept
-    {
-        Uncount(pointer);
-        __libc_free(pointer);
-    }
-}
 
 namespace
 {
@@ -320,10 +252,10 @@ void BM_InvertPeakMemory(benchmark::State& state)
         // Freed blocks kept by the memory entries would count as in use already and hide what
         // Invert takes, so they go back first.
         mem_ReleaseCachedBlocks();
-        long long before = g_bytesInUse;
-        g_peakBytes = before;
+        long long before = OrxBenchBytesInUse();
+        OrxBenchResetPeak();
         inverse.Invert();
-        double peak = static_cast<double>(g_peakBytes - before);
+        double peak = static_cast<double>(OrxBenchPeakBytes() - before);
         double connectivityBytes = static_cast<double>(HexConnectivity().size() * sizeof(int));
         double resultBytes = static_cast<double>((hexNodes + 1) + inverse.GetCount()) * sizeof(int);
         ratio = peak / (connectivityBytes + resultBytes);

@@ -52,6 +52,40 @@ template <class A, class B> int MergeUnion(A const& a, B const& b, int* out)
     return n;
 }
 
+// The same for two strictly rising operands: a member can only repeat as one of each, so no
+// written member needs to be looked at again.
+template <class A, class B> int MergeStrictUnion(A const& a, B const& b, int* out)
+{
+    int i = 0, j = 0, n = 0;
+    while (i < a.count && j < b.count)
+    {
+        // Branches, not selects: operands of very different density take long runs from one side,
+        // which the branches predict.
+        int const x = a[i], y = b[j];
+        if (x < y)
+        {
+            out[n++] = x;
+            ++i;
+        }
+        else if (y < x)
+        {
+            out[n++] = y;
+            ++j;
+        }
+        else
+        {
+            out[n++] = x;
+            ++i;
+            ++j;
+        }
+    }
+    for (; i < a.count; ++i)
+        out[n++] = a[i];
+    for (; j < b.count; ++j)
+        out[n++] = b[j];
+    return n;
+}
+
 template <class A, class B> int MergeIntersection(A const& a, B const& b, int* out)
 {
     int i = 0, j = 0, n = 0;
@@ -325,7 +359,10 @@ ORXSimIndexSetPtr ORXSimIndexSet::Union(ORXSimIndexSet const* a, ORXSimIndexSet 
         higher->CopyTo(out + lower->m_count);
         return AdoptAscending(out, static_cast<int>(capacity));
     }
-    int const n = Dispatch(a, b, [out](auto const& x, auto const& y) { return MergeUnion(x, y, out); });
+    int const n =
+        a->m_ascending && b->m_ascending
+            ? Dispatch(a, b, [out](auto const& x, auto const& y) { return MergeStrictUnion(x, y, out); })
+            : Dispatch(a, b, [out](auto const& x, auto const& y) { return MergeUnion(x, y, out); });
     return Finish(out, n, capacity);
 }
 

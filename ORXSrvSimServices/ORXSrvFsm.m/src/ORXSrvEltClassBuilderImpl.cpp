@@ -1,0 +1,5 @@
+#include "ORXSrvEltClassBuilderImpl.h"
+
+ORXSrvEltClassBuilderImpl::ORXSrvEltClassBuilderImpl() = default;
+
+ORXSrvEltClassBuilderImpl::~ORXSrvEltClassBuilderImpl() = default;
