@@ -1,0 +1,204 @@
+// The model checker: a clean document shows no finding; each defect broken into it shows exactly
+// its findings, in order.
+#include "ORXSrvCleanDocument.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+typedef std::vector<std::string> Texts;
+} // namespace
+
+TEST(ORXSrvHPVizCheckerTest, CleanDocumentHasNoFinding)
+{
+    ORXSrvCleanDocument d;
+    EXPECT_EQ(d.Findings(), Texts{});
+}
+
+TEST(ORXSrvHPVizCheckerTest, MeshDefects)
+{
+    {
+        ORXSrvCleanDocument d;
+        ORXObjMesh(d.mesh).SetCoordinates(ORXSimPosition());
+        EXPECT_EQ(d.Findings(), Texts{"Coodinates distribution is not present in mesh."});
+    }
+    {
+        ORXSrvCleanDocument d;
+        int const outside[] = {0, ORXSrvCleanDocument::kNodes};
+        ORXSimCollection(d.nodes).ExtendSpace(ORXSrvCleanDocument::kNodes + 1);
+        ORXObjMesh(d.mesh).SetUserNodes(ORXSimPosition(ORXSimCollection(d.nodes).CreateCSet(outside, 2)));
+        EXPECT_EQ(d.Findings(),
+                  Texts{"Some nodes from user node set are not present in coordinates distribution"});
+    }
+    {
+        ORXSrvCleanDocument d;
+        ORXObjMesh(d.mesh).SetElementSpecAssignment(d.field);
+        EXPECT_EQ(
+            d.Findings(),
+            Texts{"Mesh->elementSpecAssignment link points to an object of category 1 instead of a DSet."});
+    }
+    {
+        // A class without a section; then the same class of an element type that needs none.
+        ORXSrvCleanDocument d;
+        ORXObjMesh(d.mesh).SetShapeFormulationLogicalSectionClassification(
+            ORXSrvEltClassificationBuilder(d.focus).BuildEltClassification(ORXSrvEltClassificationShape));
+        EXPECT_EQ(d.Findings(),
+                  Texts{" Element Class :#0; has no reference to Section; #elements:3; elClass->elSpec: "
+                        "\"C3D8\"; elSpecAssign->elSpec: \"C3D8\"; elements in elementSpecAssign: YES; "
+                        "elements in connectivity: YES"});
+        // Renamed to an element type that needs no section; the old name goes to another record.
+        d.NameSpec("MASS2");
+        d.focus.GetMap(CleanSchema(23, 33)).Insert("C3D8", d.field);
+        EXPECT_EQ(d.Findings(), Texts{});
+    }
+    {
+        ORXSrvCleanDocument d;
+        d.doc.Focus().SetPosition(CleanSchema(25, 1), ORXSimPosition());
+        ORXSimPosition const model = d.Record(25, 1);
+        d.doc.SetModel(model);
+        Texts const expected = {"Mesh is not present in this Model.", "Model has no Steps."};
+        EXPECT_EQ(d.Findings(), expected);
+    }
+}
+
+TEST(ORXSrvHPVizCheckerTest, RegionPlyAndSectionDefects)
+{
+    {
+        ORXSrvCleanDocument d;
+        ORXSimPosition const surface = d.Record(56, 4);
+        surface.SetName("SURF-1");
+        d.model.GetMap(CleanSchema(47, 9)).Insert("SURF-1", surface);
+        EXPECT_EQ(d.Findings(),
+                  (Texts{"Analytical Surface \"SURF-1\" is not referred to by any rigid body constraint "
+                         "(Constraint_RigidBody_analyticSurface).",
+                         "Analytical surface \"SURF-1\" has no a mesh."}));
+    }
+    {
+        ORXSrvCleanDocument d;
+        ORXSimPosition const other = d.Record(50, 23);
+        other.SetName("PLY-2");
+        d.model.GetMap(CleanSchema(25, 24)).Insert("PLY-2", other);
+        EXPECT_EQ(d.Findings(), Texts{"Ply \"PLY-2\" is not referred to by Focus (Focus_externalPlyIds)."});
+    }
+    {
+        ORXSrvCleanDocument d;
+        ORXSimPosition const broken = d.Record(50, 48);
+        broken.SetPosition(CleanSchema(50, 49), d.Region(ORXSimPosition()));
+        d.model.GetVector(CleanSchema(25, 26)).PushBack(broken);
+        ORXSimPosition const layer = d.Record(21, 104);
+        d.shell.GetVector(CleanSchema(50, 85)).PushBack(layer);
+        ORXSimPosition const loose = d.Record(50, 23);
+        ORXSimPosition const plyLayer = d.Record(21, 103);
+        plyLayer.SetPosition(CleanSchema(50, 24), loose);
+        d.shell.GetVector(CleanSchema(50, 85)).PushBack(plyLayer);
+        EXPECT_EQ(d.Findings(), (Texts{"Shell Layer has no thickness, \"SHELL-1\" , 2.",
+                                       "Ply is not linked to Model, \"SHELL-1\", 3.",
+                                       "SectionAssignment  #1 has no Section link.",
+                                       "Region referred by SectionAssignemt #SectionAssignment  #1 has no "
+                                       "elementsCluster CSet."}));
+    }
+}
+
+TEST(ORXSrvHPVizCheckerTest, StepDefects)
+{
+    {
+        ORXSrvCleanDocument d;
+        ORXSimPosition const second = d.Record(57, 31);
+        second.SetName("Buckle");
+        d.model.GetVector(CleanSchema(57, 24)).PushBack(second);
+        EXPECT_EQ(d.Findings(), (Texts{"Step \"Buckle\" is not referred to by Focus (Focus_externalTaskIds).",
+                                       "Step_Lin_Buckle \"Buckle\" has no modes link (Task_modes)."}));
+    }
+    {
+        ORXSrvCleanDocument d;
+        ORXSimCollection(d.times).ExtendSpace(3);
+        d.step.SetPosition(CleanSchema(57, 57),
+                           ORXSimPosition(ORXSimCollection(d.times).CreateCSetStrided(0, 3)));
+        EXPECT_EQ(d.Findings(), Texts{"TimeDescription data distribution must have all members from times "
+                                      "CSet for Step \"Step-1\"."});
+    }
+    {
+        // A model with a step in its map and an empty sequence.
+        ORXSrvCleanDocument e;
+        ORXSimPosition const model = e.Record(25, 1);
+        model.GetMap(CleanSchema(57, 25)).Insert("S", e.step);
+        ORXObjModel(model).SetMesh(e.mesh);
+        e.doc.SetModel(model);
+        EXPECT_EQ(e.Findings(), Texts{"Model_stepSequence is empty."});
+    }
+}
+
+TEST(ORXSrvHPVizCheckerTest, HistoryAndFieldDefects)
+{
+    {
+        ORXSrvCleanDocument d;
+        d.fieldType.DataRecord().SetSymb(0, 3);
+        Texts const expected = {" components are not consistent with algebraicType TENSOR2_ORTHOGONAL.Step "
+                                "\"Step-1\"; Field: #0; "
+                                "FieldType: \"U\"; SerFld: #0; id: " +
+                                    std::to_string(d.fieldType.DataRecord().ID().Minor1().Value()) + "/" +
+                                    std::to_string(d.fieldType.DataRecord().ID().Minor2().Value()) + ".",
+                                " components are not consistent with algebraicType "
+                                "TENSOR2_ORTHOGONAL.OutputRequest #0; Field: #0; "
+                                "FieldType: \"U\"; SerFld: #0; id: " +
+                                    std::to_string(d.fieldType.DataRecord().ID().Minor1().Value()) + "/" +
+                                    std::to_string(d.fieldType.DataRecord().ID().Minor2().Value()) + "."};
+        EXPECT_EQ(d.Findings(), expected);
+    }
+    {
+        // A field no request refers to, with no node or element dimension.
+        ORXSrvCleanDocument d;
+        ORXSimPosition const bare = d.Record(13, 68);
+        bare.SetPosition(CleanSchema(13, 48), d.fieldType);
+        d.step.GetSet(CleanSchema(48, 32)).Insert(bare);
+        EXPECT_EQ(d.Findings(), Texts{"Step \"Step-1\", History field #1 is not referred to by an "
+                                      "OutputRequest (OutputRequest_field)."});
+        ORXSimPosition const plain = d.Record(13, 60);
+        d.step.GetSet(CleanSchema(48, 32)).Insert(plain);
+        EXPECT_EQ(d.Findings().back(), "Step \"Step-1\", History field #2 is not a MeshedField.");
+    }
+    {
+        // The user request's region loses its discrete region; the field type leaves the library.
+        ORXSrvCleanDocument d;
+        ORXSimPosition const region = d.Record(47, 28);
+        d.user.GetSet(CleanSchema(27, 34)).Insert(region);
+        EXPECT_EQ(d.Findings(),
+                  Texts{"Step \"Step-1\", History field #0, UserOutputRequest \"H-OUTPUT-1\" has no "
+                        "DiscreteRegion link."});
+    }
+    {
+        ORXSrvCleanDocument d;
+        d.field.SetPosition(CleanSchema(13, 48), ORXSimPosition());
+        EXPECT_EQ(d.Findings(), (Texts{"Step \"Step-1\"; Field: #0 has no Field_fieldType link.",
+                                       "OutputRequest #0; Field: #0 has no Field_fieldType link."}));
+    }
+}
+
+TEST(ORXSrvHPVizCheckerTest, FocusResultsAndRepeatedRuns)
+{
+    ORXSrvCleanDocument d;
+    ORXSimCollectionID const regions = d.focus.CreateTypedCollection(2, CleanSchema(47, 28));
+    d.model.SetPosition(CleanSchema(47, 10), ORXSimPosition(regions));
+    d.doc.GetRecord(regions, 0).SetName("R-0");
+    d.doc.GetRecord(regions, 1).SetName("R-1");
+    d.doc.GetRecord(regions, 1).GetSet(CleanSchema(47, 29)).Insert(d.Record(47, 30));
+    ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> compartments(1, 0);
+    ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> one(1, 0);
+    one.Get(0) = ORXSimCollection(regions).CreateCSetStrided(0, 2);
+    compartments.Get(0) = ORXSimCompartment(one);
+    ORXSimPosition const results = d.Record(15, 12);
+    d.doc.SetResults(results);
+    results.Associate(
+        CleanSchema(48, 30), 0,
+        ORXSimPosition(d.focus.CreateTypedDSet(ORXSimCtation(compartments), CleanSchema(48, 29))));
+    Texts const once = {
+        "Region \"R-0\" for output surface contribution has no DiscreteRegion link (Region_discreteRegion).",
+        "Region \"R-1\" for output surface contribution has no elementsFacesCluster DSet or nodesCluster "
+        "CSet."};
+    EXPECT_EQ(d.Findings(), once);
+
+    ORXSrvHPVizChecker checker(d.doc);
+    checker.Check_HPViz();
+    checker.Check_HPViz();
+    EXPECT_EQ(checker.GetMessages().size(), 4u) << "a second run repeats every finding";
+}
