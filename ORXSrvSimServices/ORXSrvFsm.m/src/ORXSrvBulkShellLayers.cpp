@@ -330,74 +330,61 @@ ORXSimSet ORXSrvBulkShellLayers::MakeMeshedField(int distributionType, char cons
     return content.GetSet(FieldContent_distributions);
 }
 
-void ORXSrvBulkShellLayers::WriteConstThicknessDistribution()
+void ORXSrvBulkShellLayers::WriteConstantField(ORXBasMap<int, ORXBasMap<int, double>>& map,
+                                               char const* fieldTypeName, int link)
 {
-    if (!m_active || m_constThicknesses.empty())
+    if (!m_active || map.empty())
         return;
     ORXSimDistribution const distribution(
         m_bulkRecord.CreateTypedDistribution(Grid(m_layerCollection, m_sectionCollection),
                                              BulkShellLayers_sectionDistribution, ORXSimRangeType(4)));
-    ORXSimSet filed =
-        MakeMeshedField(BulkShellLayers_sectionDistribution, "STH", BulkShellLayers_constThicknesses);
-    WriteSectionMap(distribution, m_constThicknesses, &filed, CheckDoubles);
-    m_constThicknesses.clear();
+    ORXSimSet filed = MakeMeshedField(BulkShellLayers_sectionDistribution, fieldTypeName, link);
+    WriteSectionMap(distribution, map, &filed, CheckDoubles);
+    map.clear();
+}
+
+void ORXSrvBulkShellLayers::WriteDistributedField(ORXBasMap<int, FieldList>& map, char const* fieldTypeName,
+                                                  int link,
+                                                  void (*check)(unsigned long long,
+                                                                std::vector<double> const&))
+{
+    if (!m_active || map.empty())
+        return;
+    ORXSimPosition const elements =
+        ORXObjMesh(ORXObjModel(m_document.GetModel()).GetMesh()).GetElementCollection();
+    ORXSimDistribution const distribution(m_bulkRecord.CreateTypedDistribution(
+        Grid(m_layerCollection, elements), BulkShellLayers_elementDistribution, ORXSimRangeType(4)));
+    ORXSimSet filed = MakeMeshedField(BulkShellLayers_elementDistribution, fieldTypeName, link);
+    ORXBasMap<int, ORXBasMap<int, double>> byElement;
+    for (auto const& [layer, fields] : map)
+    {
+        ORXBasMap<int, double> values;
+        for (auto const& pair : fields)
+            ReadFieldData(pair.first, pair.second, values);
+        byElement.Insert(layer, values);
+    }
+    WriteSectionMap(distribution, byElement, &filed, check);
+    map.clear();
+}
+
+void ORXSrvBulkShellLayers::WriteConstThicknessDistribution()
+{
+    WriteConstantField(m_constThicknesses, "STH", BulkShellLayers_constThicknesses);
 }
 
 void ORXSrvBulkShellLayers::WriteConstAngleDistribution()
 {
-    if (!m_active || m_constAngles.empty())
-        return;
-    ORXSimDistribution const distribution(
-        m_bulkRecord.CreateTypedDistribution(Grid(m_layerCollection, m_sectionCollection),
-                                             BulkShellLayers_sectionDistribution, ORXSimRangeType(4)));
-    ORXSimSet filed =
-        MakeMeshedField(BulkShellLayers_sectionDistribution, "ANGLE", BulkShellLayers_constAngles);
-    WriteSectionMap(distribution, m_constAngles, &filed, CheckDoubles);
-    m_constAngles.clear();
+    WriteConstantField(m_constAngles, "ANGLE", BulkShellLayers_constAngles);
 }
 
 void ORXSrvBulkShellLayers::WriteDistThicknessDistribution()
 {
-    if (!m_active || m_distThicknesses.empty())
-        return;
-    ORXSimPosition const elements =
-        ORXObjMesh(ORXObjModel(m_document.GetModel()).GetMesh()).GetElementCollection();
-    ORXSimDistribution const distribution(m_bulkRecord.CreateTypedDistribution(
-        Grid(m_layerCollection, elements), BulkShellLayers_elementDistribution, ORXSimRangeType(4)));
-    ORXSimSet filed =
-        MakeMeshedField(BulkShellLayers_elementDistribution, "STH", BulkShellLayers_distThicknesses);
-    ORXBasMap<int, ORXBasMap<int, double>> byElement;
-    for (auto const& [layer, fields] : m_distThicknesses)
-    {
-        ORXBasMap<int, double> values;
-        for (auto const& pair : fields)
-            ReadFieldData(pair.first, pair.second, values);
-        byElement.Insert(layer, values);
-    }
-    WriteSectionMap(distribution, byElement, &filed, CheckThicknesses);
-    m_distThicknesses.clear();
+    WriteDistributedField(m_distThicknesses, "STH", BulkShellLayers_distThicknesses, CheckThicknesses);
 }
 
 void ORXSrvBulkShellLayers::WriteDistAngleDistribution()
 {
-    if (!m_active || m_distAngles.empty())
-        return;
-    ORXSimPosition const elements =
-        ORXObjMesh(ORXObjModel(m_document.GetModel()).GetMesh()).GetElementCollection();
-    ORXSimDistribution const distribution(m_bulkRecord.CreateTypedDistribution(
-        Grid(m_layerCollection, elements), BulkShellLayers_elementDistribution, ORXSimRangeType(4)));
-    ORXSimSet filed =
-        MakeMeshedField(BulkShellLayers_elementDistribution, "ANGLE", BulkShellLayers_distAngles);
-    ORXBasMap<int, ORXBasMap<int, double>> byElement;
-    for (auto const& [layer, fields] : m_distAngles)
-    {
-        ORXBasMap<int, double> values;
-        for (auto const& pair : fields)
-            ReadFieldData(pair.first, pair.second, values);
-        byElement.Insert(layer, values);
-    }
-    WriteSectionMap(distribution, byElement, &filed, CheckAngles);
-    m_distAngles.clear();
+    WriteDistributedField(m_distAngles, "ANGLE", BulkShellLayers_distAngles, CheckAngles);
 }
 
 void ORXSrvBulkShellLayers::ReadFieldData(ORXSimPosition elements, ORXSimPosition field,

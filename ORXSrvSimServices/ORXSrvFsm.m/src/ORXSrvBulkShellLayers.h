@@ -13,6 +13,8 @@
 #include "ORXSimPosition.h"
 #include "omi_Singleton.h"
 
+#include <vector>
+
 class ORXSimSet;
 
 class ORXSrvBulkShellLayers : public omi_Singleton<ORXSrvBulkShellLayers>
@@ -56,6 +58,13 @@ private:
     // A meshed-field record over a new distribution of that type, with the named field type, linked
     // from the bulk record; gives the set in which the written drawers are filed.
     ORXSimSet MakeMeshedField(int distributionType, char const* fieldTypeName, int link) const;
+    // The constant values of a map over (layer, section), as a meshed field linked from the bulk
+    // record; the map is emptied.
+    void WriteConstantField(ORXBasMap<int, ORXBasMap<int, double>>& map, char const* fieldTypeName, int link);
+    // The values that the fields of a map give each element, over (layer, element), as a meshed
+    // field linked from the bulk record; check is shown each drawer's size first. The map is emptied.
+    void WriteDistributedField(ORXBasMap<int, FieldList>& map, char const* fieldTypeName, int link,
+                               void (*check)(unsigned long long, std::vector<double> const&));
 
     ORXObjDocument m_document;
     ORXBasMap<int, ORXBasMap<int, int>> m_materials;
