@@ -1,15 +1,20 @@
 // Feeds arbitrary bytes to the keyword parser as a file. The callbacks read every parameter and the
 // data lines with all three read operations; unknown and ambiguous keywords skip to the next keyword.
 // A fatal report throws, which ends that input: the parser must then release everything it holds.
+// The first field of the input is also read as a number and must give what strtod and strtol give.
 #include "ORXSimUttAssert.h"
 #include "ORXSrvKeywordDataReader.h"
 #include "ORXSrvKeywordParameterReader.h"
 #include "ORXSrvKeywordParser.h"
 
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <initializer_list>
+#include <string>
 
 namespace
 {
@@ -19,7 +24,10 @@ struct FatalReport
 {
 };
 
-void ThrowOnFatal(char const*, char const*, int) { throw FatalReport(); }
+void ThrowOnFatal(char const*, char const*, int)
+{
+    throw FatalReport();
+}
 
 // Keeps the values read alive so that no read is optimised away.
 struct Sink
@@ -70,6 +78,71 @@ void Skip(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser& p
 
 // Leaves the parser on its data lines, which the next keyword read reports.
 void ReadNothing(ORXString const&, Parameters const&, ORXSrvKeywordParser&, void*) {}
+
+// The first field of the input, read by the data reader as a double and as an int, must give what
+// strtod and strtol give for its text: the reader's fast conversions against the C library's.
+struct FieldValues
+{
+    double number = 0.0;
+    int integer = 0;
+};
+
+void ReadFirstField(ORXString const&, Parameters const&, ORXSrvKeywordParser& parser, void* userData)
+{
+    FieldValues& values = *static_cast<FieldValues*>(userData);
+    ORXSrvKeywordDataReader reader(parser);
+    reader.First();
+    if (reader.IsDone())
+        return;
+    values.number = reader.ReadDouble(0.0);
+    reader.Next();
+    if (!reader.IsDone())
+        values.integer = reader.ReadInt(0);
+    parser.SkipToNextKeyword();
+}
+
+void CompareConversions(uint8_t const* data, size_t size)
+{
+    std::string field;
+    for (size_t i = 0; i < size && i < 120 && data[i] != ',' && data[i] != '\n' && data[i] != 0; ++i)
+        field += static_cast<char>(data[i]);
+    std::size_t const first = field.find_first_not_of(" \t\r");
+    if (first == std::string::npos || field[first] == '*')
+        return;
+    std::string const deck = "*Node\n" + field + "\n" + field + "\n";
+    FILE* stream = fmemopen(const_cast<char*>(deck.data()), deck.size(), "r");
+    if (!stream)
+        return;
+    FieldValues values;
+    try
+    {
+        ORXSrvKeywordParser parser(stream, &values);
+        parser.Register("node", ReadFirstField);
+        parser.Parse();
+    }
+    catch (FatalReport const&)
+    {
+        std::fclose(stream);
+        return;
+    }
+    std::fclose(stream);
+    // The line as the parser delivers it: leading and trailing blanks trimmed, the newline kept.
+    std::string text = field;
+    text.erase(0, text.find_first_not_of(" \t\r"));
+    text.erase(text.find_last_not_of(" \t\r") + 1);
+    text += "\n";
+    char const* start = text.c_str();
+    while (std::isspace(static_cast<unsigned char>(*start)))
+        ++start;
+    if (*start == 0)
+        return;
+    char* end = nullptr;
+    double const expected = std::strtod(start, &end);
+    if (std::memcmp(&expected, &values.number, sizeof expected) != 0)
+        std::abort();
+    if (static_cast<int>(std::strtol(start, &end, 10)) != values.integer)
+        std::abort();
+}
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
@@ -96,5 +169,6 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
     {
     }
     std::fclose(stream);
+    CompareConversions(data, size);
     return 0;
 }

@@ -3,13 +3,90 @@
 #include "ORXSrvChecks.h"
 
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
+#include <cstring>
+#include <langinfo.h>
 
 namespace
 {
+// std::isspace, with the blanks of the basic character set, which every locale counts so, decided
+// without a call.
 bool IsSpace(char c)
 {
+    unsigned char const u = static_cast<unsigned char>(c);
+    if (u < 0x80)
+        return u == ' ' || (u >= '\t' && u <= '\r');
     return std::isspace(static_cast<int>(c)) != 0;
+}
+
+// A letter of the basic character set: a number that stops on one may go on in strtod's reading
+// (hexadecimal, an exponent without digits).
+bool IsLetter(char c)
+{
+    char const lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'z';
+}
+
+// How far a fast conversion looks for the end of a number.
+constexpr std::size_t kWindow = 64;
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// The text of a plain decimal number: an optional sign, then a digit, or a point and a digit.
+// Other texts (hexadecimal, inf, nan, anything odd) go to the C library as they always did.
+bool IsPlainDecimal(const char* text)
+{
+    if (*text == '+' || *text == '-')
+        ++text;
+    return IsDigit(text[0]) || (text[0] == '.' && IsDigit(text[1]));
+}
+
+// The same number and end as std::strtod(text, end), which text starts with no blank. Plain decimal
+// numbers are converted by std::from_chars, which rounds correctly as strtod does; what it refuses
+// or stops on before a letter (as "0x1p3" or an out-of-range value) is left to strtod, and so is
+// everything while the locale's decimal point is not '.'.
+double ToDouble(const char* text, char** end)
+{
+    if (IsPlainDecimal(text))
+    {
+        const char* digits = text + (*text == '+' ? 1 : 0);
+        // The number ends before the terminator; a text as long as the window goes to strtod whole.
+        std::size_t const window = strnlen(digits, kWindow);
+        double value = 0.0;
+        const auto [stop, error] = std::from_chars(digits, digits + window, value);
+        if (error == std::errc() && stop != digits + kWindow && !IsLetter(*stop) && *stop != '.')
+        {
+            const char* point = nl_langinfo(RADIXCHAR);
+            if (point[0] == '.' && point[1] == 0)
+            {
+                *end = const_cast<char*>(stop);
+                return value;
+            }
+        }
+    }
+    return std::strtod(text, end);
+}
+
+// The same for std::strtol(text, end, 10), cut to int as the reader always did.
+int ToInt(const char* text, char** end)
+{
+    const char* digits = text + (*text == '+' ? 1 : 0);
+    if (IsDigit(*digits) || (*digits == '-' && digits == text && IsDigit(digits[1])))
+    {
+        std::size_t const window = strnlen(digits, kWindow);
+        long value = 0;
+        const auto [stop, error] = std::from_chars(digits, digits + window, value, 10);
+        if (error == std::errc() && stop != digits + kWindow)
+        {
+            *end = const_cast<char*>(stop);
+            return static_cast<int>(value);
+        }
+    }
+    return static_cast<int>(std::strtol(text, end, 10));
 }
 } // namespace
 
@@ -72,13 +149,12 @@ Number ORXSrvKeywordDataReader::ReadNumber(Number defaultValue, Convert convert)
 
 int ORXSrvKeywordDataReader::ReadInt(int defaultValue)
 {
-    return ReadNumber(defaultValue, [](const char* text, char** end)
-                      { return static_cast<int>(std::strtol(text, end, 10)); });
+    return ReadNumber(defaultValue, [](const char* text, char** end) { return ToInt(text, end); });
 }
 
 double ORXSrvKeywordDataReader::ReadDouble(double defaultValue)
 {
-    return ReadNumber(defaultValue, [](const char* text, char** end) { return std::strtod(text, end); });
+    return ReadNumber(defaultValue, [](const char* text, char** end) { return ToDouble(text, end); });
 }
 
 ORXString ORXSrvKeywordDataReader::ReadString()
