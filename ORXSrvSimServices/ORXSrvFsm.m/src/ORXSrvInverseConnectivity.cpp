@@ -104,9 +104,11 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
                         : ReadConnectivityBlockAndCount(distribution, rows[i], domain.CSet(1).ID());
     }
 
-    int* fill = static_cast<int*>(mem_Malloc(nn * sizeof(int)));
-    std::memset(fill, 0, nn * sizeof(int));
     ConvertCountToOffsetArray(nn);
+    // The next free place of each node's entries, starting at its offset.
+    int* next = static_cast<int*>(mem_Malloc(nn * sizeof(int)));
+    if (nn > 0)
+        std::memcpy(next, m_offsets, nn * sizeof(int));
 
     // With no entries there is no second pass; the blocks read, all without content, are released
     // all the same.
@@ -122,10 +124,10 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
         if (blocks[i] == nullptr)
             continue;
         if (m_count != 0)
-            ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID(), fill);
+            ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID(), next);
         mem_Free(blocks[i]);
     }
-    mem_Free(fill);
+    mem_Free(next);
     mem_Free(blocks);
 }
 
@@ -176,7 +178,7 @@ void ORXSrvInverseConnectivity::ConvertCountToOffsetArray(int n)
 }
 
 void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements,
-                                                         ORXSimCSetID const& locals, int* fill)
+                                                         ORXSimCSetID const& locals, int* next)
 {
     ORXSimCSet elementSet(elements);
     ORXSimCSet localSet(locals);
@@ -185,7 +187,6 @@ void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSi
     int* members = static_cast<int*>(mem_Malloc(ne * sizeof(int)));
     elementSet.Members(members);
 
-    int const* offsets = m_offsets;
     int* entries = m_entries;
     for (int e = 0; e < ne; ++e)
     {
@@ -195,9 +196,7 @@ void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSi
         {
             int n = row[k];
             // Bits 25 to 31 keep the low 7 bits of the local position.
-            entries[offsets[n] + fill[n]] =
-                static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
-            ++fill[n];
+            entries[next[n]++] = static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
         }
     }
     mem_Free(members);

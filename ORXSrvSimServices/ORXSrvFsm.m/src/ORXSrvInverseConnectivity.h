@@ -37,9 +37,9 @@ private:
                                        ORXSimCSetID const& locals);
     // Turns the counts of the n nodes into offsets, with the total at index n.
     void ConvertCountToOffsetArray(int n);
-    // Files the entries of one block at their nodes' places, fill counting what each node got.
+    // Files the entries of one block at their nodes' places; next holds each node's next free place.
     void ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements, ORXSimCSetID const& locals,
-                                  int* fill);
+                                  int* next);
     // Releases the result and leaves the object with no entries.
     void ReleaseResult();
     // Both passes over the drawers; with elset, only over its elements.
