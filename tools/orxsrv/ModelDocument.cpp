@@ -200,39 +200,38 @@ struct Builder
         out.elementMaterial.assign(out.elementLabels.size(), -1);
     }
 
+    // The ordinals of a set's labels; a label that names nothing is an input error.
+    std::vector<int> Ordinals(std::string const& name, LabelSet const& set, LabelIndex const& index,
+                              char const* kind) const
+    {
+        std::vector<int> ordinals;
+        for (int label : set.labels)
+        {
+            int const ordinal = index.Find(label);
+            if (ordinal < 0)
+                throw InputError{Where(deck, set.origin) + kind + " set " + name + " names " + kind + " " +
+                                 std::to_string(label) + ", which is not defined"};
+            ordinals.push_back(ordinal);
+        }
+        return ordinals;
+    }
+
     void Sets()
     {
         for (auto const& [name, set] : deck.nodeSets)
         {
-            std::vector<int> ordinals;
-            for (int label : set.labels)
-            {
-                int const ordinal = nodeIndex.Find(label);
-                if (ordinal < 0)
-                    throw InputError{Where(deck, set.origin) + "node set " + name + " names node " +
-                                     std::to_string(label) + ", which is not defined"};
-                ordinals.push_back(ordinal);
-            }
+            std::vector<int> const ordinals = Ordinals(name, set, nodeIndex, "node");
             model.GetMap(Schema(47, 7))
                 .Insert(name.c_str(), ORXSimPosition(ORXSimCollection(nodes).CreateCSet(
                                           ordinals.data(), static_cast<int>(ordinals.size()))));
         }
         for (auto const& [name, set] : deck.elementSets)
         {
-            std::vector<int> ordinals;
-            for (int label : set.labels)
-            {
-                int const ordinal = elementIndex.Find(label);
-                if (ordinal < 0)
-                    throw InputError{Where(deck, set.origin) + "element set " + name + " names element " +
-                                     std::to_string(label) + ", which is not defined"};
-                ordinals.push_back(ordinal);
-            }
+            std::vector<int> members = Ordinals(name, set, elementIndex, "element");
             ORXSimPosition const position(
-                ORXSimCollection(elements).CreateCSet(ordinals.data(), static_cast<int>(ordinals.size())));
+                ORXSimCollection(elements).CreateCSet(members.data(), static_cast<int>(members.size())));
             model.GetMap(Schema(47, 5)).Insert(name.c_str(), position);
             elementSets[name] = position;
-            std::vector<int> members = ordinals;
             std::sort(members.begin(), members.end());
             members.erase(std::unique(members.begin(), members.end()), members.end());
             out.elementSetMembers[name] = members;
