@@ -202,3 +202,175 @@ TEST(ORXSrvHPVizCheckerTest, FocusResultsAndRepeatedRuns)
     checker.Check_HPViz();
     EXPECT_EQ(checker.GetMessages().size(), 4u) << "a second run repeats every finding";
 }
+
+namespace
+{
+// A step of that type appended to the sequence, the map and the focus's known tasks.
+ORXSimPosition AddStep(ORXSrvCleanDocument& d, int group, int member, char const* name)
+{
+    ORXSimPosition const step = d.Record(group, member);
+    step.SetName(name);
+    d.model.GetMap(CleanSchema(57, 25)).Insert(name, step);
+    d.model.GetVector(CleanSchema(57, 24)).PushBack(step);
+    d.focus.GetSet(CleanSchema(15, 8)).Insert(step);
+    return step;
+}
+// A CSet of `count` members of a new collection, whose description (if any) holds it under `link`.
+ORXSimPosition DescribedSet(ORXSrvCleanDocument& d, int count, ORXSimPosition const& description, int link)
+{
+    ORXSimCollectionID const collection = d.focus.CreateTypedCollection(count, CleanSchema(13, 90));
+    if (!description.IsNull())
+        description.SetPosition(link, ORXSimPosition(collection));
+    return ORXSimPosition(ORXSimCollection(collection).CreateCSetStrided(0, count));
+}
+
+struct Defect
+{
+    char const* what;
+    void (*breakIt)(ORXSrvCleanDocument&);
+    Texts expected;
+};
+
+void ExpectFindings(std::vector<Defect> const& defects)
+{
+    for (Defect const& defect : defects)
+    {
+        SCOPED_TRACE(defect.what);
+        ORXSrvCleanDocument d;
+        defect.breakIt(d);
+        EXPECT_EQ(d.Findings(), defect.expected);
+    }
+}
+} // namespace
+
+TEST(ORXSrvHPVizCheckerTest, MeshLinkDefects)
+{
+    ExpectFindings({
+        {"no user nodes",
+         [](ORXSrvCleanDocument& d) { ORXObjMesh(d.mesh).SetUserNodes(ORXSimPosition()); },
+         {"userNodes is not present"}},
+        {"empty user nodes",
+         [](ORXSrvCleanDocument& d) {
+             ORXObjMesh(d.mesh).SetUserNodes(
+                 ORXSimPosition(ORXSimCollection(d.nodes).CreateCSetStrided(0, 0)));
+         },
+         {"userNodes CSet is not present"}},
+        {"no node collection",
+         [](ORXSrvCleanDocument& d) { ORXObjMesh(d.mesh).SetNodeCollection(ORXSimPosition()); },
+         {"nodeCollection is not present"}},
+        {"no element specification assignment",
+         [](ORXSrvCleanDocument& d) { ORXObjMesh(d.mesh).SetElementSpecAssignment(ORXSimPosition()); },
+         {"Mesh has no elementSpecAssignment."}},
+        {"no element classification",
+         [](ORXSrvCleanDocument& d) { ORXObjMesh(d.mesh).SetElementClassification(ORXSimPosition()); },
+         {"elementClassCollection is not present"}},
+        {"no shape classification",
+         [](ORXSrvCleanDocument& d)
+         { ORXObjMesh(d.mesh).SetShapeFormulationLogicalSectionClassification(ORXSimPosition()); },
+         {"shapeFormulationLogicalSectionClassification is not present"}},
+        {"classification without classes",
+         [](ORXSrvCleanDocument& d)
+         { ORXObjMesh(d.mesh).SetShapeFormulationLogicalSectionClassification(d.Record(23, 11)); },
+         {"ElementClassification has no ElementClasses."}},
+    });
+}
+
+TEST(ORXSrvHPVizCheckerTest, CoordinatesWithoutDrawersEndTheRunInTheNodeQuery)
+{
+    // The user-node comparison asks the coordinates for their nodes, which a distribution without a
+    // drawer cannot give: the run ends there, keeping what it found.
+    ORXSrvCleanDocument d;
+    ORXObjMesh(d.mesh).SetCoordinates(ORXSimPosition(d.focus.CreateTypedDistribution(
+        ORXSrvMeshTestDocument::Grid(d.nodes, d.components), MeshTestType(7), ORXSimRangeType(4))));
+    ORXSrvHPVizChecker checker(d.doc);
+    RecordedAssertions const recorded;
+    EXPECT_EQ(AssertionText([&] { checker.Check_HPViz(); }), "pos >= 0");
+    ASSERT_EQ(checker.GetMessages().size(), 1u);
+    EXPECT_STREQ(checker.GetMessages()[0].CStr(), "There is no data in coordinates distribution.");
+}
+
+TEST(ORXSrvHPVizCheckerTest, ElementTypesThatNeedNoSection)
+{
+    // Prefixes, then equality, then the later prefixes; anything else is reported.
+    struct Case
+    {
+        char const* name;
+        bool exempt;
+    } const cases[] = {{"MASS2", true},   {"R3D4", true},     {"R3D4X", false}, {"ZED", true},
+                       {"ROTARYI", true}, {"IDCOUP3D", true}, {"RB3D2", true},  {"C3D8R", false}};
+    for (Case const& c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        ORXSrvCleanDocument d;
+        ORXObjMesh(d.mesh).SetShapeFormulationLogicalSectionClassification(
+            ORXSrvEltClassificationBuilder(d.focus).BuildEltClassification(ORXSrvEltClassificationShape));
+        d.NameSpec(c.name);
+        d.focus.GetMap(CleanSchema(23, 33)).Insert("C3D8", d.field);
+        Texts const reported = {std::string(" Element Class :#0; has no reference to Section; #elements:3; "
+                                            "elClass->elSpec: \"") +
+                                c.name + "\"; elSpecAssign->elSpec: \"" + c.name +
+                                "\"; elements in elementSpecAssign: YES; elements in connectivity: YES"};
+        EXPECT_EQ(d.Findings(), c.exempt ? Texts{} : reported);
+    }
+}
+
+TEST(ORXSrvHPVizCheckerTest, StepDescriptionDefects)
+{
+    ExpectFindings({
+        {"buckling step with an empty mode set and no system",
+         [](ORXSrvCleanDocument& d)
+         { AddStep(d, 57, 31, "B").SetPosition(CleanSchema(57, 56), DescribedSet(d, 0, {}, 0)); },
+         {"Step_Lin_Buckle \"B\" has a mode set that is empty (Task_modes).", "Step \"B\" has no FESystem."}},
+        {"system that is not modal",
+         [](ORXSrvCleanDocument& d)
+         {
+             ORXSimPosition const step = AddStep(d, 57, 1, "S");
+             step.SetPosition(CleanSchema(57, 56), DescribedSet(d, 1, {}, 0));
+             step.Associate(CleanSchema(12, 17), 0, d.Record(12, 61));
+         },
+         {"System is not ModalSystem for Step \"S\"."}},
+        {"modal system without eigenvalues",
+         [](ORXSrvCleanDocument& d)
+         {
+             ORXSimPosition const step = AddStep(d, 57, 31, "B");
+             step.SetPosition(CleanSchema(57, 56), DescribedSet(d, 1, {}, 0));
+             step.Associate(CleanSchema(12, 17), 0, d.Record(12, 60));
+         },
+         {"ModalSystem has no eigenvalues link (ModalSystem_eigenvalues)for Step \"B\"."}},
+        {"arc-length step without incrementation or arc-length description",
+         [](ORXSrvCleanDocument& d)
+         { AddStep(d, 55, 45, "R").SetPosition(CleanSchema(55, 46), DescribedSet(d, 2, {}, 0)); },
+         {"TimeIncrementation record does not exist for Step_Gen_StaticRiks \"R\" "
+          "(Step_Gen_timeIncrementation).",
+          "ArcLengthDescription record does not exist."}},
+        {"arc-length description without data",
+         [](ORXSrvCleanDocument& d)
+         {
+             ORXSimPosition const step = AddStep(d, 55, 45, "R");
+             step.SetPosition(CleanSchema(54, 0), d.Record(54, 1));
+             step.SetPosition(CleanSchema(55, 46), DescribedSet(d, 2, d.Record(13, 3), CleanSchema(13, 1)));
+         },
+         {"ArcLengthDescription record does not exist for Step \"R\"."}},
+        {"time collection without description",
+         [](ORXSrvCleanDocument& d) { d.step.SetPosition(CleanSchema(57, 57), DescribedSet(d, 2, {}, 0)); },
+         {"Task_times CSet's TimeCollection has no parent link to TimeDescription "
+          "(TimeDescription_timeCollection)for Step \"Step-1\"."}},
+        {"time description without data",
+         [](ORXSrvCleanDocument& d) {
+             d.step.SetPosition(CleanSchema(57, 57),
+                                DescribedSet(d, 2, d.Record(13, 82), CleanSchema(13, 84)));
+         },
+         {"TimeDescription has no data distribution for Step \"Step-1\"."}},
+        {"frequency collection without description is silent",
+         [](ORXSrvCleanDocument& d) { d.step.SetPosition(CleanSchema(10, 14), DescribedSet(d, 2, {}, 0)); },
+         {}},
+        {"frequency description without data goes on to the coverage test",
+         [](ORXSrvCleanDocument& d) {
+             d.step.SetPosition(CleanSchema(10, 14),
+                                DescribedSet(d, 2, d.Record(13, 53), CleanSchema(13, 55)));
+         },
+         {"FrequencyDescription record does not exist for Step \"Step-1\".",
+          "This FrequencyDescription data distribution has no all members from frequency CSet for Step "
+          "\"Step-1\"."}},
+    });
+}
