@@ -449,6 +449,16 @@ TEST(ORXSrvHPVizCheckerTest, SurfaceAndAssignmentDefects)
         {"region without discrete region",
          [](ORXSrvCleanDocument& d) { d.assignment.SetPosition(CleanSchema(50, 49), d.Record(47, 28)); },
          {"Region referred by SectionAssignment  #0 has no DiscreteRegion link."}},
+        {"section unknown to the focus; its one layer has no thickness, which is not looked at",
+         [](ORXSrvCleanDocument& d)
+         {
+             ORXSimPosition const other = d.Record(50, 79);
+             other.SetName("SHELL-2");
+             other.DataRecord().SetInt(0, 1);
+             other.GetVector(CleanSchema(50, 85)).PushBack(d.Record(21, 104));
+             d.assignment.SetPosition(CleanSchema(50, 50), other);
+         },
+         {"Section \"SHELL-2\" is not linked to Focus (Focus_externalSectionIds)."}},
         {"shell section without layers, not excused",
          [](ORXSrvCleanDocument& d) { d.shell.DataRecord().SetInt(0, 0); },
          {"Shell section \"SHELL-1\" has no Layers (Section_layers)."}},
@@ -568,4 +578,38 @@ TEST(ORXSrvHPVizCheckerTest, ComponentsAgainstTheAlgebraicType)
                                         " components are not consistent with algebraicType TENSOR2_GENERAL.");
     d.fieldType.DataRecord().SetSymb(0, 0);
     EXPECT_EQ(d.Findings(), Texts{});
+}
+
+TEST(ORXSrvHPVizCheckerTest, ClassOfTwoSpecificationsPartlyAssigned)
+{
+    // Elements 0 and 1, 2 of one shape under two specifications make one class; the assignment then
+    // loses element 2.
+    ORXSrvCleanDocument d;
+    ORXSimCollection(d.specs).ExtendSpace(2);
+    ORXSimPosition const reduced = d.doc.GetRecord(d.specs, 1);
+    reduced.SetPosition(CleanSchema(23, 31), d.spec.GetPosition(CleanSchema(23, 31)));
+    d.focus.GetMap(CleanSchema(23, 33)).Insert("C3D8R", reduced);
+    auto assign = [&](int lastElement)
+    {
+        ORXSimArray<ORXSimCompartment, ORXSimArrayClassPolicy<ORXSimCompartment>> compartments(2, 0);
+        for (int k = 0; k < 2; ++k)
+        {
+            ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimCSetID>> pair(2, 0);
+            pair.Get(0) = ORXSimCollection(d.specs).CreateCSetStrided(k, 1);
+            pair.Get(1) = ORXSimCollection(d.elements).CreateCSetStrided(k, k == 0 ? 1 : lastElement);
+            compartments.Get(k) = ORXSimCompartment(pair);
+        }
+        ORXObjMesh(d.mesh).SetElementSpecAssignment(
+            ORXSimPosition(d.focus.CreateTypedDSet(ORXSimCtation(compartments), CleanSchema(23, 50))));
+    };
+    assign(2);
+    ORXObjMesh(d.mesh).SetShapeFormulationLogicalSectionClassification(
+        ORXSrvEltClassificationBuilder(d.focus).BuildEltClassification(ORXSrvEltClassificationShape));
+    assign(1);
+    EXPECT_EQ(
+        d.Findings(),
+        (Texts{" Element Class :#0; linked to more than 1 elSpec; #elments:2; \"C3D8,C3D8R\"",
+               " Element Class :#0; has no reference to Section; #elements:3; elClass->elSpec: \"C3D8\"; "
+               "elSpecAssign->elSpec: \"C3D8\"; elements in elementSpecAssign: PARTIAL; elements in "
+               "connectivity: YES"}));
 }
