@@ -16,7 +16,7 @@ for program in "$dir"/bench/*Bench; do
   [ -x "$program" ] || continue
   name="$(basename "$program")"
   echo "== $name"
-  "$program" | tee /dev/stderr | awk -v program="$name" '$1 == "RATIO" { print program, $2, $3 }' >> "$ratios"
+  "$program" | tee -a /dev/stderr | awk -v program="$name" '$1 == "RATIO" { print program, $2, $3 }' >> "$ratios"
 done
 
 echo

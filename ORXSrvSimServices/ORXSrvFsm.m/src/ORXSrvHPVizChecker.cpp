@@ -659,11 +659,16 @@ void ORXSrvHPVizChecker::Check_sectionAssignments()
 
 bool ORXSrvHPVizChecker::Covers(ORXSimPosition const& data, ORXSimCSet const& members) const
 {
+    // Data that names no distribution has no drawers and so covers nothing.
     ORXSimArray<ORXSimPersistentDrawerDesc, ORXSimArrayClassPolicy<ORXSimPersistentDrawerDesc>> drawers(1, 0);
+    int drawerCount = 0;
     if (!data.GetDistribution().IsNull())
+    {
         ORXSimDistribution(data.GetDistribution()).QueryDrawers(drawers);
+        drawerCount = drawers.Size();
+    }
     ORXSimCSet covered(members.CollectionID());
-    for (int d = 0; d < drawers.Size(); ++d)
+    for (int d = 0; d < drawerCount; ++d)
         covered = covered.Union(drawers[d].Domain().CSet(0));
     return members.SameMembers(covered.Intersection(members));
 }
