@@ -184,6 +184,27 @@ TEST(ORXSrvLabelMapperTest, ChecksAndTheMerge)
     EXPECT_EQ(recorded.Of([&] { ORXSrvLabelMapper::IntQuadCompare(row, nullptr); }), "itemB != 0");
 }
 
+TEST(ORXSrvLabelMapperTest, AnOrdinalClaimedByTwoOccurrences)
+{
+    // Ordinal 0 of the primary stands in A and in B: two rows share the key, the rest stays sorted.
+    LabelledDocument primary(4), secondary(4);
+    primary.Define(0, "A", {0, 1}, {1, 2});
+    primary.Define(0, "B", {0, 3}, {1, 2});
+    secondary.Define(0, "A", {2, 3}, {1, 2});
+    secondary.Define(0, "B", {0, 1}, {1, 2});
+    ORXSrvLabelMapper mapper(primary.doc.Focus(), secondary.doc.Focus());
+    EXPECT_EQ(Members(mapper.GetCommonPrimaryNodeSet()), (std::vector<int>{0, 1, 3}));
+    EXPECT_EQ(Members(mapper.GetCommonSecondaryNodeSet()), (std::vector<int>{0, 1, 2, 3}));
+    ORXSimCSetID const all = ORXSimCollection(primary.nodes).CreateTempCSetStrided(0, 4);
+    EXPECT_EQ(Values(mapper.GetMappingFromPrimaryNodeSet(all)), (std::vector<int>{0, 2, 3}));
+    EXPECT_STREQ(mapper.GetNodeMappingOrdinalInstanceName(2).CStr(), "A");
+    EXPECT_STREQ(mapper.GetNodeMappingOrdinalInstanceName(3).CStr(), "B");
+    EXPECT_EQ(mapper.GetNodeMappingOrdinalUserLabel(3), 2);
+    int const ordered[] = {3, 1};
+    ORXSimCSetID const backwards = ORXSimCollection(primary.nodes).CreateTempOrderedCSet(ordered, 2);
+    EXPECT_EQ(Members(mapper.GetSecondaryNodeSet(backwards)), (std::vector<int>{1, 3}));
+}
+
 TEST(ORXSrvLabelMapperTest, GlobalLabelsAndSetMappers)
 {
     LabelledDocument d(4);

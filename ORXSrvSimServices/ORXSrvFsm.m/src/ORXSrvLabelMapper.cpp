@@ -210,14 +210,19 @@ ORXSrvLabelMapperQuad* ORXSrvLabelMapper::RemapBasedOnUserLabels(ORXObjLabelerTy
     for (int i = 0; i < space; ++i)
         if (table[i].m_first >= 0)
             table[placed++] = table[i];
-    if (!aside.empty())
+    // The kept table holds the matches only: when fewer than the collection's members matched, or
+    // some rows went aside, the rows move to a table of exactly that many.
+    if (!aside.empty() || placed != space)
     {
         ORXSrvLabelMapperQuad* all = NewRows(ntotal);
         std::memcpy(all, table, sizeof(ORXSrvLabelMapperQuad) * placed);
-        std::memcpy(all + placed, aside.data(), sizeof(ORXSrvLabelMapperQuad) * aside.size());
         mem_Free(table);
         table = all;
-        SortRows(table, ntotal);
+        if (!aside.empty())
+        {
+            std::memcpy(all + placed, aside.data(), sizeof(ORXSrvLabelMapperQuad) * aside.size());
+            SortRows(table, ntotal);
+        }
     }
     return table;
 }
