@@ -28,9 +28,11 @@ public:
     ORXBasMap(ORXBasMap const& other) = default;
     ORXBasMap(ORXBasMap&& other) noexcept : ORXBasMap() { m_tree.swap(other.m_tree); }
     ORXBasMap& operator=(ORXBasMap const& other) = default;
+    // The old elements go at once, also when other lives inside one of them.
     ORXBasMap& operator=(ORXBasMap&& other) noexcept
     {
-        m_tree.swap(other.m_tree);
+        ORXBasMap taken(static_cast<ORXBasMap&&>(other));
+        swap(taken);
         return *this;
     }
 

@@ -32,9 +32,11 @@ public:
         }
         return *this;
     }
+    // The old elements go at once, also when other lives inside one of them.
     ORXBasVector& operator=(ORXBasVector&& other) noexcept
     {
-        m_core.swap(other.m_core);
+        ORXBasVector taken(static_cast<ORXBasVector&&>(other));
+        swap(taken);
         return *this;
     }
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 template <class T> struct ORXSimArrayBuiltinPolicy
 {
@@ -41,12 +42,14 @@ public:
     // size value-initialised elements; the second argument is unused and always 0.
     explicit ORXSimArray(int size = 0, int = 0) { SetSize(size); }
     ORXSimArray(ORXSimArray const& other) { CopyFrom(other); }
+    // Copies before releasing the old elements, so other may be this array or live inside one of
+    // its elements.
     ORXSimArray& operator=(ORXSimArray const& other)
     {
         if (this != &other)
         {
-            Clear();
-            CopyFrom(other);
+            ORXSimArray copy(other);
+            Swap(copy);
         }
         return *this;
     }
@@ -113,6 +116,14 @@ private:
             m_data[0].~T();
             m_firstKept = false;
         }
+    }
+
+    void Swap(ORXSimArray& other)
+    {
+        std::swap(m_data, other.m_data);
+        std::swap(m_size, other.m_size);
+        std::swap(m_capacity, other.m_capacity);
+        std::swap(m_firstKept, other.m_firstKept);
     }
 
     friend T* ORXSimArrayPointer<T, Policy>(ORXSimArray const& array);

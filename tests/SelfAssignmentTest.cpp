@@ -17,6 +17,24 @@ struct Link : mem_AllocationOperators
     ORXBasSharedPtr<Link> next;
 };
 
+// Containers that hold containers of their own type: assigning one from the container inside one of
+// its own elements must copy (or take) the source before releasing those elements.
+struct VectorNode
+{
+    int id = 0;
+    ORXBasVector<VectorNode> kids;
+};
+struct MapNode
+{
+    int id = 0;
+    ORXBasMap<int, MapNode> kids;
+};
+struct ArrayNode
+{
+    int id = 0;
+    ORXSimArray<ArrayNode, ORXSimArrayClassPolicy<ArrayNode>> kids;
+};
+
 // The contents of a string vector as one text, for comparisons.
 std::string Joined(ORXBasVector<ORXString> const& vector)
 {
@@ -135,6 +153,38 @@ TEST(SelfAssignment, EveryContainerKeepsItsContents)
              EXPECT_EQ(a.Size(), 22);
              EXPECT_STREQ(a[21].CStr(), "x");
              EXPECT_STREQ(a[1].CStr(), "y");
+         }},
+        {"containers assigned from a container inside their own elements",
+         []
+         {
+             ORXBasVector<VectorNode> v(1);
+             v[0].kids.resize(2);
+             v[0].kids[1].id = 8;
+             v = v[0].kids;
+             ASSERT_EQ(v.size(), 2u);
+             EXPECT_EQ(v[1].id, 8);
+             v[0].kids.resize(1);
+             v = static_cast<ORXBasVector<VectorNode>&&>(v[0].kids); // the old elements go at once
+             EXPECT_EQ(v.size(), 1u);
+
+             ORXBasMap<int, MapNode> m;
+             MapNode inner{1, {}};
+             inner.kids.Insert(7, MapNode{7, {}});
+             inner.kids.Insert(8, MapNode{8, {}});
+             m.Insert(1, inner);
+             m = m.find(1)->second.kids;
+             ASSERT_EQ(m.size(), 2u);
+             EXPECT_EQ(m.begin()->second.id, 7);
+             m.Insert(9, MapNode{9, m});
+             m = static_cast<ORXBasMap<int, MapNode>&&>(m.find(9)->second.kids);
+             EXPECT_EQ(m.size(), 2u);
+
+             ORXSimArray<ArrayNode, ORXSimArrayClassPolicy<ArrayNode>> a(1);
+             a[0].kids.SetSize(3);
+             a[0].kids[2].id = 5;
+             a = a[0].kids;
+             ASSERT_EQ(a.Size(), 3);
+             EXPECT_EQ(a[2].id, 5);
          }},
         {"the trees",
          []
