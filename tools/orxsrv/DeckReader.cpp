@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace orxsrv
 {
@@ -93,17 +94,27 @@ bool NextDataLine(ORXSrvKeywordParser& parser, std::string& text, int& line)
     }
 }
 
-// The comma-separated fields of a data line, trimmed; a comma at the end adds no empty field.
-std::vector<std::string> Fields(std::string const& text)
+std::string_view TrimView(std::string_view text)
 {
-    std::vector<std::string> fields;
+    std::size_t const first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+// The comma-separated fields of a data line, trimmed, as views into it; a comma at the end adds no
+// empty field.
+std::vector<std::string_view> Fields(std::string const& text)
+{
+    std::vector<std::string_view> fields;
+    std::string_view const line(text);
     std::size_t start = 0;
     while (true)
     {
-        std::size_t const comma = text.find(',', start);
-        fields.push_back(
-            Trim(text.substr(start, comma == std::string::npos ? std::string::npos : comma - start)));
-        if (comma == std::string::npos)
+        std::size_t const comma = line.find(',', start);
+        fields.push_back(TrimView(
+            line.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start)));
+        if (comma == std::string_view::npos)
             break;
         start = comma + 1;
     }
@@ -118,23 +129,29 @@ bool EndsInComma(std::string const& text)
     return !trimmed.empty() && trimmed.back() == ',';
 }
 
-int Integer(Reader const& reader, int line, std::string const& field, char const* what)
+int Integer(Reader const& reader, int line, std::string_view field, char const* what)
 {
     int value = 0;
     auto const [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
     if (field.empty() || error != std::errc() || end != field.data() + field.size())
-        reader.Fail(line, std::string("expected ") + what + ", found \"" + field + "\"");
+        reader.Fail(line, std::string("expected ") + what + ", found \"" + std::string(field) + "\"");
     return value;
 }
 
-double Real(Reader const& reader, int line, std::string const& field, char const* what)
+// A number as strtod reads it; the plain decimal forms through from_chars, which gives the same.
+double Real(Reader const& reader, int line, std::string_view field, char const* what)
 {
     if (field.empty())
         return 0.0;
+    double value = 0.0;
+    auto const [stop, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+    if (error == std::errc() && stop == field.data() + field.size())
+        return value;
+    std::string const text(field);
     char* end = nullptr;
-    double const value = std::strtod(field.c_str(), &end);
-    if (end != field.c_str() + field.size())
-        reader.Fail(line, std::string("expected ") + what + ", found \"" + field + "\"");
+    value = std::strtod(text.c_str(), &end);
+    if (end != text.c_str() + text.size())
+        reader.Fail(line, std::string("expected ") + what + ", found \"" + text + "\"");
     return value;
 }
 
@@ -175,7 +192,7 @@ void OnNode(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser&
     int line = 0;
     while (NextDataLine(parser, text, line))
     {
-        std::vector<std::string> const fields = Fields(text);
+        std::vector<std::string_view> const fields = Fields(text);
         if (fields.size() == 1 && fields[0].empty())
             continue;
         int const label = Integer(reader, line, fields[0], "a node label");
@@ -209,7 +226,7 @@ void OnElement(ORXString const&, Parameters const& parameters, ORXSrvKeywordPars
     {
         while (EndsInComma(text) && NextDataLine(parser, more, moreLine))
             text = Trim(text) + more;
-        std::vector<std::string> const fields = Fields(text);
+        std::vector<std::string_view> const fields = Fields(text);
         if (fields.size() == 1 && fields[0].empty())
             continue;
         int const nodes = static_cast<int>(fields.size()) - 1;
@@ -244,7 +261,7 @@ void ReadSet(Parameters const& parameters, ORXSrvKeywordParser& parser, Reader& 
     int line = 0;
     while (NextDataLine(parser, text, line))
     {
-        std::vector<std::string> const fields = Fields(text);
+        std::vector<std::string_view> const fields = Fields(text);
         if (generate)
         {
             if (fields.size() < 2)
@@ -258,7 +275,7 @@ void ReadSet(Parameters const& parameters, ORXSrvKeywordParser& parser, Reader& 
                 set.labels.push_back(static_cast<int>(label));
             continue;
         }
-        for (std::string const& field : fields)
+        for (std::string_view const field : fields)
         {
             if (field.empty())
                 continue;
@@ -267,10 +284,11 @@ void ReadSet(Parameters const& parameters, ORXSrvKeywordParser& parser, Reader& 
                 set.labels.push_back(Integer(reader, line, field, "a label"));
                 continue;
             }
-            auto const other = sets.find(Upper(field));
+            auto const other = sets.find(Upper(std::string(field)));
             if (other == sets.end())
                 reader.Fail(line, std::string("expected a label or the name of a ") +
-                                      (nodes ? "node" : "element") + " set, found \"" + field + "\"");
+                                      (nodes ? "node" : "element") + " set, found \"" + std::string(field) +
+                                      "\"");
             std::vector<int> const labels = other->second.labels;
             set.labels.insert(set.labels.end(), labels.begin(), labels.end());
         }
@@ -308,7 +326,7 @@ void ReadTable(ORXSrvKeywordParser& parser, Reader& reader, MaterialTable Materi
     int line = 0;
     while (NextDataLine(parser, text, line))
     {
-        std::vector<std::string> const fields = Fields(text);
+        std::vector<std::string_view> const fields = Fields(text);
         if (fields.size() < static_cast<std::size_t>(columns))
             reader.Fail(line, "expected " + std::to_string(columns) + " values for *" + keyword);
         std::vector<double> row;
@@ -351,7 +369,7 @@ void ReadSection(Parameters const& parameters, ORXSrvKeywordParser& parser, Read
     int line = 0;
     while (NextDataLine(parser, text, line))
     {
-        std::vector<std::string> const fields = Fields(text);
+        std::vector<std::string_view> const fields = Fields(text);
         // A solid section's line and the lines after a plain shell section's first are not read.
         if (!shell || (fields.size() == 1 && fields[0].empty()) || (!composite && !section.layers.empty()))
             continue;
@@ -360,7 +378,8 @@ void ReadSection(Parameters const& parameters, ORXSrvKeywordParser& parser, Read
         layer.points = fields.size() > 1 && !fields[1].empty()
                            ? Integer(reader, line, fields[1], "a number of points")
                            : 5;
-        layer.material = composite ? (fields.size() > 2 ? Upper(fields[2]) : "") : section.material;
+        layer.material =
+            composite ? (fields.size() > 2 ? Upper(std::string(fields[2])) : "") : section.material;
         if (layer.material.empty())
             reader.Fail(line, "expected the material of a composite layer");
         section.layers.push_back(layer);
