@@ -7,6 +7,10 @@
 #include <new>
 
 void* mem_Malloc(std::size_t size);
+// For a block that the caller grows with realloc: a kept block it fits is handed out however large,
+// so that the growth that follows neither copies nor faults in fresh pages. malloc_usable_size
+// tells the room the block has.
+void* mem_MallocGrowable(std::size_t size);
 void mem_Free(void* pointer);
 void mem_ReleaseCachedBlocks();
 void* mem_OperatorNewThrow(std::size_t size);

@@ -30,7 +30,8 @@ protected:
         m_mesh.SetElementCollection(ORXSimPosition(m_elements));
         m_shapes = NewCollection(23, 30, 10).GetCollection();
         for (int place = 0; place < 10; ++place)
-            m_document.GetRecord(m_shapes, place).SetSymbol(place, ("S" + std::to_string(place)).c_str());
+            m_document.GetRecord(m_shapes, place)
+                .SetSymbol(place, std::string(1, 'S').append(std::to_string(place)).c_str());
         m_specs = NewCollection(23, 40, 6).GetCollection();
         m_document.SetElementSpecCollection(ORXSimPosition(m_specs));
         for (int spec = 0; spec < 6; ++spec)

@@ -74,11 +74,15 @@ std::string Number(std::mt19937_64& random)
     else
     {
         int const sign = pick(4);
-        text = sign == 0 ? "-" : sign == 1 ? "+" : "";
+        if (sign < 2)
+            text.push_back(sign == 0 ? '-' : '+');
         int const mantissa = 1 + pick(form < 3 ? 70 : 20);
         int const point = pick(mantissa + 2) - 1; // -1: no point
         std::string const m = digits(mantissa);
-        text += point < 0 ? m : m.substr(0, point) + "." + m.substr(point);
+        if (point < 0)
+            text += m;
+        else
+            text.append(m, 0, point).append(".").append(m, point);
         if (pick(2))
         {
             text += pick(2) ? "e" : "E";

@@ -5,6 +5,7 @@
 
 #include <malloc.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -57,6 +58,29 @@ TEST(MemEntries, LargeFreedBlocksServeFittingRequests)
     std::memset(again, 2, 6 * kMiB);
     mem_Free(again);
     mem_Free(small);
+    mem_ReleaseCachedBlocks();
+}
+
+TEST(MemEntries, GrowableRequestsTakeAnyKeptBlockTheyFit)
+{
+    mem_ReleaseCachedBlocks();
+    char* big = static_cast<char*>(mem_Malloc(16 * kMiB));
+    std::memset(big, 1, 16 * kMiB);
+    mem_Free(big);
+    // A block that will grow takes the kept block even though it wastes most of it, and may grow
+    // within it and beyond it.
+    char* growing = static_cast<char*>(mem_MallocGrowable(2 * kMiB));
+    if (kReuses)
+    {
+        EXPECT_EQ(growing, big);
+    }
+    std::size_t const room = malloc_usable_size(growing);
+    ASSERT_GE(room, 2 * kMiB);
+    std::memset(growing, 5, room);
+    growing = static_cast<char*>(std::realloc(growing, room + 4 * kMiB));
+    ASSERT_NE(growing, nullptr);
+    EXPECT_EQ(growing[room - 1], 5);
+    mem_Free(growing);
     mem_ReleaseCachedBlocks();
 }
 

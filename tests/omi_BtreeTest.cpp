@@ -25,8 +25,10 @@ std::string Shape(omi_BtreeNode<Key, int> const* node)
 {
     if (!node)
         return ".";
-    return "(" + Shape(node->Left()) + " " + std::to_string(node->GetKey().number) + ":" +
-           std::to_string(node->MaxDepth()) + " " + Shape(node->Right()) + ")";
+    std::string shape = "(";
+    shape.append(Shape(node->Left())).append(" ").append(std::to_string(node->GetKey().number));
+    shape.append(":").append(std::to_string(node->MaxDepth())).append(" ").append(Shape(node->Right()));
+    return shape.append(")");
 }
 
 Tree Build(std::vector<int> const& keys)

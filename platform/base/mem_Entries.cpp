@@ -50,14 +50,15 @@ void RemoveCached(int slot)
     --g_cachedCount;
 }
 
-// The smallest cached block that holds size bytes without wasting more than half of itself.
-void* TakeCached(std::size_t size)
+// The smallest cached block that holds size bytes, and unless the block is to grow, that does so
+// without wasting more than half of itself.
+void* TakeCached(std::size_t size, bool growable)
 {
     if (!cacheEnabled || size < cacheSmallestBlock)
         return nullptr;
     int best = -1;
     for (int i = 0; i < g_cachedCount; ++i)
-        if (g_cached[i].size >= size && g_cached[i].size / 2 <= size &&
+        if (g_cached[i].size >= size && (growable || g_cached[i].size / 2 <= size) &&
             (best < 0 || g_cached[i].size < g_cached[best].size))
             best = i;
     if (best < 0)
@@ -85,9 +86,9 @@ bool KeepCached(void* pointer)
     return true;
 }
 
-void* Allocate(std::size_t size)
+void* Allocate(std::size_t size, bool growable = false)
 {
-    if (void* block = TakeCached(size))
+    if (void* block = TakeCached(size, growable))
         return block;
     return std::malloc(size == 0 ? 1 : size);
 }
@@ -96,6 +97,11 @@ void* Allocate(std::size_t size)
 void* mem_Malloc(std::size_t size)
 {
     return Allocate(size);
+}
+
+void* mem_MallocGrowable(std::size_t size)
+{
+    return Allocate(size, true);
 }
 
 void mem_Free(void* pointer)

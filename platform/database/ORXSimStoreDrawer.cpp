@@ -2,6 +2,9 @@
 
 #include "ORXSimIndexSet.h"
 #include "ORXSimStore.h"
+#include "mem_Entries.h"
+
+#include <malloc.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -16,7 +19,7 @@ ORXSimStoreDrawer::ORXSimStoreDrawer(ORXSimDrawerID id, std::vector<ORXSimCSet> 
 
 ORXSimStoreDrawer::~ORXSimStoreDrawer()
 {
-    std::free(m_data);
+    mem_Free(m_data);
 }
 
 std::uint64_t ORXSimStoreDrawer::DomainItems() const
@@ -48,13 +51,14 @@ void ORXSimStoreDrawer::Reserve(std::size_t bytes, bool exact)
     if (bytes <= m_capacity && m_data)
         return;
     // Growth is geometric by a tenth, the most slack that keeps a drawer of n values within 1.1 n
-    // values of memory; large blocks grow in place through the allocator's remapping.
+    // values of memory; large blocks grow in place through the allocator's remapping. A new block
+    // may be a large block that the memory entries kept, which the drawer then grows into.
     std::size_t const capacity = exact ? bytes : bytes + bytes / 10;
-    void* data = std::realloc(m_data, capacity ? capacity : 1);
+    void* data = m_data ? std::realloc(m_data, capacity) : mem_MallocGrowable(capacity ? capacity : 1);
     if (!data)
         throw std::bad_alloc();
     m_data = static_cast<char*>(data);
-    m_capacity = capacity;
+    m_capacity = malloc_usable_size(data);
 }
 
 char* ORXSimStoreDrawer::Values(bool zero)
@@ -87,16 +91,18 @@ void ORXSimStoreDrawer::Extend(int dim, ORXSimIndexSetPtr const& added, bool zer
         return;
     }
     // New members fall between old ones: lay the rows out afresh in rank order.
-    char* data = static_cast<char*>(std::calloc(newRows ? rowBytes * newRows : 1, 1));
+    std::size_t const bytes = rowBytes * newRows;
+    char* data = static_cast<char*>(mem_MallocGrowable(bytes ? bytes : 1));
     if (!data)
         throw std::bad_alloc();
+    std::memset(data, 0, bytes);
     ORXSimIndexSet const* oldMembers = old.SortedData().Get();
     for (std::size_t r = 0; r < oldRows; ++r)
     {
         int const rank = merged->RankOf(oldMembers->At(static_cast<int>(r)));
         std::memcpy(data + rowBytes * rank, m_data + rowBytes * r, rowBytes);
     }
-    std::free(m_data);
+    mem_Free(m_data);
     m_data = data;
-    m_capacity = rowBytes * newRows;
+    m_capacity = malloc_usable_size(data);
 }

@@ -105,10 +105,6 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
     }
 
     ConvertCountToOffsetArray(nn);
-    // The next free place of each node's entries, starting at its offset.
-    int* next = static_cast<int*>(mem_Malloc(nn * sizeof(int)));
-    if (nn > 0)
-        std::memcpy(next, m_offsets, nn * sizeof(int));
 
     // With no entries there is no second pass; the blocks read, all without content, are released
     // all the same.
@@ -118,16 +114,16 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
         if (elset)
             std::memset(m_entries, 0xFF, m_count * sizeof(int));
     }
-    // Second pass: each block's entries go to their nodes' places, and the block is released.
-    for (int i = 0; i < nd; ++i)
+    // Second pass, last block first: each block's entries go to their nodes' places, and the
+    // block is released.
+    for (int i = nd - 1; i >= 0; --i)
     {
         if (blocks[i] == nullptr)
             continue;
         if (m_count != 0)
-            ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID(), next);
+            ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID());
         mem_Free(blocks[i]);
     }
-    mem_Free(next);
     mem_Free(blocks);
 }
 
@@ -170,33 +166,43 @@ void ORXSrvInverseConnectivity::ConvertCountToOffsetArray(int n)
     int total = 0;
     for (int i = 0; i < n; ++i)
     {
-        int count = m_offsets[i];
+        total += m_offsets[i];
         m_offsets[i] = total;
-        total += count;
     }
     m_offsets[n] = total;
 }
 
 void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements,
-                                                         ORXSimCSetID const& locals, int* next)
+                                                         ORXSimCSetID const& locals)
 {
     ORXSimCSet elementSet(elements);
-    ORXSimCSet localSet(locals);
-    int ne = elementSet.Size();
-    int nl = localSet.Size();
-    int* members = static_cast<int*>(mem_Malloc(ne * sizeof(int)));
-    elementSet.Members(members);
-
-    int* entries = m_entries;
-    for (int e = 0; e < ne; ++e)
+    int const ne = elementSet.Size();
+    int const nl = ORXSimCSet(locals).Size();
+    // Rows of a dense ascending run of elements need no list of their indices.
+    ORXSimIntRange const bounds = elementSet.Bounds();
+    bool const dense = elementSet.IsAscending() && bounds.second - bounds.first + 1 == ne;
+    int* members = nullptr;
+    if (!dense)
     {
-        unsigned int element = static_cast<unsigned int>(members[e]) & elementMask;
-        int const* row = block + static_cast<std::size_t>(e) * nl;
-        for (int k = 0; k < nl; ++k)
+        members = static_cast<int*>(mem_Malloc(ne * sizeof(int)));
+        elementSet.Members(members);
+    }
+
+    // The arrays do not overlap; saying so lets the compiler keep row values and places in
+    // registers across the stores.
+    int* __restrict entries = m_entries;
+    int* __restrict places = m_offsets;
+    int const* __restrict rows = block;
+    for (int e = ne - 1; e >= 0; --e)
+    {
+        unsigned int const element =
+            static_cast<unsigned int>(dense ? bounds.first + e : members[e]) & elementMask;
+        int const* row = rows + static_cast<std::size_t>(e) * nl;
+        for (int k = nl - 1; k >= 0; --k)
         {
-            int n = row[k];
+            int const place = --places[row[k]];
             // Bits 25 to 31 keep the low 7 bits of the local position.
-            entries[next[n]++] = static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
+            entries[place] = static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
         }
     }
     mem_Free(members);

@@ -35,11 +35,13 @@ private:
     // with mem_Free, and counts each node met in m_offsets and m_count.
     int* ReadConnectivityBlockAndCount(ORXSimDistribution& distribution, ORXSimCSetID const& elements,
                                        ORXSimCSetID const& locals);
-    // Turns the counts of the n nodes into offsets, with the total at index n.
+    // Turns the counts of the n nodes into the offsets where their ranges end, with the total at
+    // index n.
     void ConvertCountToOffsetArray(int n);
-    // Files the entries of one block at their nodes' places; next holds each node's next free place.
-    void ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements, ORXSimCSetID const& locals,
-                                  int* next);
+    // Files the entries of one block at their nodes' places, last row first: each node's offset
+    // steps back by one per entry, so that once every block is filed, last block first, the
+    // offsets are where the ranges begin and each range holds its entries in reading order.
+    void ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements, ORXSimCSetID const& locals);
     // Releases the result and leaves the object with no entries.
     void ReleaseResult();
     // Both passes over the drawers; with elset, only over its elements.
