@@ -1,5 +1,6 @@
 #include "ORXSrvMeshTestDocument.h"
 
+#include <random>
 #include <utility>
 
 namespace
@@ -175,4 +176,51 @@ TEST(InverseConnectivityPacking, HighLocalPositionsAndElementIndicesWrap)
     int const* entries = inverse.GetEntries() + inverse.GetOffsets()[65];
     EXPECT_LT(entries[0], 0);
     EXPECT_EQ(entries[0], static_cast<int>(5u | 65u << 25));
+}
+
+TEST(InverseConnectivityLarge, ManyRowsInSparseAndDenseDrawersMatchAPlainInversion)
+{
+    // Enough rows that each drawer is read in many parts: a dense run of elements, and the odd
+    // elements beyond it in a drawer of their own, with random nodes; then a random selection.
+    int const nodeCount = 3000, dense = 30000, elementCount = 90000, localCount = 5;
+    ORXSrvMeshTestDocument mesh{nodeCount, elementCount, localCount};
+    std::mt19937 random(7);
+    std::vector<std::vector<int>> drawerElements(2);
+    std::vector<std::vector<int>> drawerRows(2);
+    for (int e = 0; e < elementCount; ++e)
+    {
+        int const drawer = e < dense ? 0 : e % 2 == 1 ? 1 : -1;
+        if (drawer < 0)
+            continue;
+        drawerElements[drawer].push_back(e);
+        for (int k = 0; k < localCount; ++k)
+            drawerRows[drawer].push_back(static_cast<int>(random() % nodeCount));
+    }
+    for (int drawer = 0; drawer < 2; ++drawer)
+        AddDrawer(mesh, mesh.focus.CreateDataRecord(MeshTestType(20 + drawer)).ID(), drawerElements[drawer],
+                  localCount, drawerRows[drawer]);
+
+    // Drawer by drawer, element by element, local by local, as the entries of each node must run.
+    auto plainInversion = [&](auto selected)
+    {
+        Inverse expected(nodeCount);
+        for (int drawer = 0; drawer < 2; ++drawer)
+            for (std::size_t row = 0; row < drawerElements[drawer].size(); ++row)
+                if (selected(drawerElements[drawer][row]))
+                    for (int k = 0; k < localCount; ++k)
+                        expected[drawerRows[drawer][row * localCount + k]].emplace_back(
+                            drawerElements[drawer][row], k);
+        return expected;
+    };
+    ORXSrvInverseConnectivity inverse(mesh.mesh);
+    inverse.Invert();
+    EXPECT_EQ(Unpack(inverse, nodeCount), plainInversion([](int) { return true; }));
+
+    std::vector<bool> chosen(elementCount);
+    std::vector<int> selection;
+    for (int e = 0; e < elementCount; ++e)
+        if ((chosen[e] = random() % 3 == 0))
+            selection.push_back(e);
+    inverse.Invert(ORXSrvMeshTestDocument::Ascending(mesh.elements, selection));
+    EXPECT_EQ(Unpack(inverse, nodeCount), plainInversion([&](int e) { return chosen[e]; }));
 }

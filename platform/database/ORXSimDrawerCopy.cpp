@@ -55,9 +55,11 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
         }
         if (members->IsAscending() && !held->IsRun())
         {
-            // Both ascend: one merge instead of a search per member.
-            int j = 0;
+            // Both ascend: one merge instead of a search per member, from the first member on, so
+            // that a view of a small part of a large domain costs little.
             int const heldCount = held->Count();
+            int j = static_cast<int>(
+                std::lower_bound(held->Data(), held->Data() + heldCount, members->At(0)) - held->Data());
             for (int i = 0; i < count; ++i)
             {
                 int const m = members->At(i);

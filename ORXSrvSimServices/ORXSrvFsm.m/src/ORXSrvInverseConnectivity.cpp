@@ -8,6 +8,7 @@
 #include "mem_Entries.h"
 #include "vds_CoreFragmentTypeIndex.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -19,6 +20,9 @@ using CSetIDArray = ORXSimArray<ORXSimCSetID, ORXSimArrayCopyClassPolicy<ORXSimC
 
 constexpr unsigned int elementMask = 0x1ffffff;
 constexpr int localShift = 25;
+// Node indices read per transfer: a piece stays in the core's cache from its read to its use, so
+// reading each drawer twice costs less than holding every drawer read whole between the passes.
+constexpr int pieceEntries = 1 << 16;
 
 // An identity for the members that elset shares with a drawer's elements, a registered one if the
 // collection has it, a temporary one otherwise; a null identity if they share nothing.
@@ -39,6 +43,69 @@ ORXSimCSetID SelectedElements(ORXSimCSet const& elset, ORXSimCSet const& drawerE
     }
     return id;
 }
+
+// The rows of one drawer that an inversion takes, elements (ascending) by locals, read in pieces
+// of consecutive rows.
+class DrawerRows
+{
+public:
+    DrawerRows(ORXSimDistribution const& distribution, ORXSimPersistentDrawerDesc const& drawer,
+               ORXSimCSetID const& elements)
+        : m_distribution(distribution), m_drawer(drawer.DrawerID()), m_elements(elements),
+          m_locals(drawer.Domain().CSet(1)), m_members(nullptr), m_first(0)
+    {
+        int const ne = m_elements.Size();
+        if (ne == 0)
+            return;
+        // Rows of a dense run of elements need no list of their indices.
+        ORXSimIntRange const bounds = m_elements.Bounds();
+        m_first = bounds.first;
+        if (bounds.second - bounds.first + 1 != ne)
+        {
+            m_members = static_cast<int*>(mem_Malloc(ne * sizeof(int)));
+            m_elements.Members(m_members);
+        }
+    }
+    ~DrawerRows() { mem_Free(m_members); }
+    DrawerRows(DrawerRows const&) = delete;
+    DrawerRows& operator=(DrawerRows const&) = delete;
+
+    int Rows() const { return m_elements.Size(); }
+    int Locals() const { return m_locals.Size(); }
+    int PieceRows() const { return std::max(1, pieceEntries / std::max(1, Locals())); }
+    // The element index of each row from row begin on, or null when the rows are a dense run.
+    int const* Elements(int begin) const { return m_members ? m_members + begin : nullptr; }
+    // The element index of row r of a dense run.
+    int ElementOfRow(int r) const { return m_first + r; }
+
+    // Reads rows [begin, end) into buffer and gives the number of node indices read.
+    int Read(int begin, int end, int* buffer) const
+    {
+        ORXSimCollection collection(m_elements.CollectionID());
+        ORXSimCSet piece = m_members ? collection.CreateVolatileCSet(m_members + begin, end - begin)
+                                     : collection.CreateVolatileCSetStrided(m_first + begin, end - begin);
+        int ndata = (end - begin) * Locals();
+        ORXSimTransfer transfer(m_distribution);
+        transfer.SetRead().SetDrawer(m_drawer).SetBufferPadding(false).SetDim(0, piece).SetDim(1, m_locals);
+        transfer.CheckView();
+        std::uint64_t size = static_cast<std::int64_t>(static_cast<int>(transfer.RequiredBufferSize(0)));
+        // clang-format off
+        ORXSrvAssert(size == ndata*sizeof(int));
+        // clang-format on
+        transfer.SetBuffer(0, buffer, size);
+        transfer.ExecRead();
+        transfer.RelinquishBuffers();
+        return ndata;
+    }
+
+private:
+    ORXSimDistribution m_distribution;
+    ORXSimDrawerID m_drawer;
+    ORXSimCSet m_elements;
+    ORXSimCSet m_locals;
+    int* m_members;
+    int m_first;
+};
 } // namespace
 
 ORXSrvInverseConnectivity::ORXSrvInverseConnectivity(ORXSimPosition const& mesh)
@@ -90,41 +157,48 @@ void ORXSrvInverseConnectivity::InvertDrawers(ORXSimCSet const* elset)
     DrawerDescArray drawers;
     distribution.QueryDrawers(drawers);
     int nd = drawers.Size();
-    int** blocks = static_cast<int**>(mem_Malloc(nd * sizeof(int*)));
     // The element rows read from each drawer: its whole element dimension, or the selected part.
     CSetIDArray rows(nd, 0);
+    for (int i = 0; i < nd; ++i)
+        rows.Get(i) =
+            elset ? SelectedElements(*elset, drawers[i].Domain().CSet(0)) : drawers[i].Domain().CSet(0).ID();
+    int* piece = static_cast<int*>(mem_Malloc(pieceEntries * sizeof(int)));
 
-    // First pass: every drawer is read once and held until the second pass, and its nodes counted.
+    // First pass: the nodes of every row are counted, in m_offsets and m_count.
     for (int i = 0; i < nd; ++i)
     {
-        ORXSimOCompartment const& domain = drawers[i].Domain();
-        rows.Get(i) = elset ? SelectedElements(*elset, domain.CSet(0)) : domain.CSet(0).ID();
-        blocks[i] = rows[i].IsNull()
-                        ? nullptr
-                        : ReadConnectivityBlockAndCount(distribution, rows[i], domain.CSet(1).ID());
+        if (rows[i].IsNull())
+            continue;
+        DrawerRows const drawer(distribution, drawers[i], rows[i]);
+        for (int begin = 0; begin < drawer.Rows(); begin += drawer.PieceRows())
+        {
+            int const n = drawer.Read(begin, std::min(drawer.Rows(), begin + drawer.PieceRows()), piece);
+            CountNodes(piece, n);
+        }
     }
-
     ConvertCountToOffsetArray(nn);
 
-    // With no entries there is no second pass; the blocks read, all without content, are released
-    // all the same.
+    // Second pass, last row first: the entries go to their nodes' places.
     if (m_count != 0)
     {
         m_entries = static_cast<int*>(mem_OperatorNewTinyThrow(mem_SaturatingProduct(m_count, sizeof(int))));
         if (elset)
             std::memset(m_entries, 0xFF, m_count * sizeof(int));
+        for (int i = nd - 1; i >= 0; --i)
+        {
+            if (rows[i].IsNull())
+                continue;
+            DrawerRows const drawer(distribution, drawers[i], rows[i]);
+            for (int end = drawer.Rows(); end > 0; end -= drawer.PieceRows())
+            {
+                int const begin = std::max(0, end - drawer.PieceRows());
+                drawer.Read(begin, end, piece);
+                FileEntries(piece, end - begin, drawer.Locals(), drawer.Elements(begin),
+                            drawer.ElementOfRow(begin));
+            }
+        }
     }
-    // Second pass, last block first: each block's entries go to their nodes' places, and the
-    // block is released.
-    for (int i = nd - 1; i >= 0; --i)
-    {
-        if (blocks[i] == nullptr)
-            continue;
-        if (m_count != 0)
-            ProcessConnectivityBlock(blocks[i], rows[i], drawers[i].Domain().CSet(1).ID());
-        mem_Free(blocks[i]);
-    }
-    mem_Free(blocks);
+    mem_Free(piece);
 }
 
 int ORXSrvInverseConnectivity::NumberNodes() const
@@ -133,32 +207,12 @@ int ORXSrvInverseConnectivity::NumberNodes() const
     return nodes.Space();
 }
 
-int* ORXSrvInverseConnectivity::ReadConnectivityBlockAndCount(ORXSimDistribution& distribution,
-                                                              ORXSimCSetID const& elements,
-                                                              ORXSimCSetID const& locals)
+void ORXSrvInverseConnectivity::CountNodes(int const* nodes, int n)
 {
-    int ne = ORXSimCSet(elements).Size();
-    int nl = ORXSimCSet(locals).Size();
-    int ndata = ne * nl;
-    int* block = static_cast<int*>(mem_Malloc(ndata * sizeof(int)));
-
-    ORXSimTransfer transfer(distribution);
-    transfer.SetRead().SetBufferPadding(false).SetDim(0, elements).SetDim(1, locals);
-    transfer.CheckView();
-    std::uint64_t size = static_cast<std::int64_t>(static_cast<int>(transfer.RequiredBufferSize(0)));
-    // clang-format off
-    ORXSrvAssert(size == ndata*sizeof(int));
-    // clang-format on
-    transfer.SetBuffer(0, block, size);
-    transfer.ExecRead();
-    transfer.RelinquishBuffers();
-
-    // While counting, m_offsets[n] is the number of entries of node n.
     int* counts = m_offsets;
-    for (int i = 0; i < ndata; ++i)
-        ++counts[block[i]];
-    m_count += ndata;
-    return block;
+    for (int i = 0; i < n; ++i)
+        ++counts[nodes[i]];
+    m_count += n;
 }
 
 void ORXSrvInverseConnectivity::ConvertCountToOffsetArray(int n)
@@ -172,32 +226,19 @@ void ORXSrvInverseConnectivity::ConvertCountToOffsetArray(int n)
     m_offsets[n] = total;
 }
 
-void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements,
-                                                         ORXSimCSetID const& locals)
+void ORXSrvInverseConnectivity::FileEntries(int const* block, int rows, int nl, int const* elements,
+                                            int firstElement)
 {
-    ORXSimCSet elementSet(elements);
-    int const ne = elementSet.Size();
-    int const nl = ORXSimCSet(locals).Size();
-    // Rows of a dense ascending run of elements need no list of their indices.
-    ORXSimIntRange const bounds = elementSet.Bounds();
-    bool const dense = elementSet.IsAscending() && bounds.second - bounds.first + 1 == ne;
-    int* members = nullptr;
-    if (!dense)
-    {
-        members = static_cast<int*>(mem_Malloc(ne * sizeof(int)));
-        elementSet.Members(members);
-    }
-
     // The arrays do not overlap; saying so lets the compiler keep row values and places in
     // registers across the stores.
     int* __restrict entries = m_entries;
     int* __restrict places = m_offsets;
-    int const* __restrict rows = block;
-    for (int e = ne - 1; e >= 0; --e)
+    int const* __restrict nodes = block;
+    for (int r = rows - 1; r >= 0; --r)
     {
         unsigned int const element =
-            static_cast<unsigned int>(dense ? bounds.first + e : members[e]) & elementMask;
-        int const* row = rows + static_cast<std::size_t>(e) * nl;
+            static_cast<unsigned int>(elements ? elements[r] : firstElement + r) & elementMask;
+        int const* row = nodes + static_cast<std::size_t>(r) * nl;
         for (int k = nl - 1; k >= 0; --k)
         {
             int const place = --places[row[k]];
@@ -205,5 +246,4 @@ void ORXSrvInverseConnectivity::ProcessConnectivityBlock(int const* block, ORXSi
             entries[place] = static_cast<int>(element | static_cast<unsigned int>(k) << localShift);
         }
     }
-    mem_Free(members);
 }

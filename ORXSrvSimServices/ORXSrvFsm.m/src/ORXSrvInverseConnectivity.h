@@ -31,17 +31,17 @@ public:
 private:
     // The space of the node collection, by which the offsets are indexed.
     int NumberNodes() const;
-    // Reads elements x locals of the distribution into a new block, which the caller releases
-    // with mem_Free, and counts each node met in m_offsets and m_count.
-    int* ReadConnectivityBlockAndCount(ORXSimDistribution& distribution, ORXSimCSetID const& elements,
-                                       ORXSimCSetID const& locals);
+    // Adds one to the count of each of the n nodes, in m_offsets, and n to m_count.
+    void CountNodes(int const* nodes, int n);
     // Turns the counts of the n nodes into the offsets where their ranges end, with the total at
     // index n.
     void ConvertCountToOffsetArray(int n);
-    // Files the entries of one block at their nodes' places, last row first: each node's offset
-    // steps back by one per entry, so that once every block is filed, last block first, the
-    // offsets are where the ranges begin and each range holds its entries in reading order.
-    void ProcessConnectivityBlock(int const* block, ORXSimCSetID const& elements, ORXSimCSetID const& locals);
+    // Files the entries of rows x nl node indices at their nodes' places, last row first: each
+    // node's offset steps back by one per entry, so that once every row is filed, last row first,
+    // the offsets are where the ranges begin and each range holds its entries in reading order.
+    // elements holds the element index of each row, or is null for rows of the elements
+    // firstElement, firstElement + 1, and so on.
+    void FileEntries(int const* block, int rows, int nl, int const* elements, int firstElement);
     // Releases the result and leaves the object with no entries.
     void ReleaseResult();
     // Both passes over the drawers; with elset, only over its elements.
