@@ -22,6 +22,20 @@ std::string Upper(std::string text)
     return text;
 }
 
+// A value in double quotes, which may hold blanks and commas, stands for the text between them.
+std::string_view Unquoted(std::string_view text)
+{
+    if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
+        return text.substr(1, text.size() - 2);
+    return text;
+}
+
+// A name of the deck as the model keys it; names are case-blind.
+std::string Name(std::string_view text)
+{
+    return Upper(std::string(Unquoted(text)));
+}
+
 std::string Trim(std::string const& text)
 {
     std::size_t first = text.find_first_not_of(" \t\r\n");
@@ -178,7 +192,7 @@ std::string Required(Reader const& reader, ORXSrvKeywordParser const& parser,
     auto const found = parameters.find(key);
     if (found == parameters.end() || found->second.empty())
         reader.Fail(parser.LineNumber(), std::string("*") + keyword + " needs " + Upper(key) + "=");
-    return Upper(found->second);
+    return Name(found->second);
 }
 
 void OnNode(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser& parser, void* user)
@@ -187,7 +201,7 @@ void OnNode(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser&
     std::map<std::string, std::string> const params = ParameterMap(parameters);
     LabelSet* set = nullptr;
     if (auto const nset = params.find("nset"); nset != params.end())
-        set = &reader.model.nodeSets[Upper(nset->second)];
+        set = &reader.model.nodeSets[Name(nset->second)];
     std::string text;
     int line = 0;
     while (NextDataLine(parser, text, line))
@@ -215,7 +229,7 @@ void OnElement(ORXString const&, Parameters const& parameters, ORXSrvKeywordPars
     LabelSet* set = nullptr;
     if (auto const elset = params.find("elset"); elset != params.end())
     {
-        set = &reader.model.elementSets[Upper(elset->second)];
+        set = &reader.model.elementSets[Name(elset->second)];
         set->origin = {reader.File(), parser.LineNumber()};
     }
     reader.model.blocks.push_back(ElementBlock{type, 0, {}, {}, {}});
@@ -284,7 +298,7 @@ void ReadSet(Parameters const& parameters, ORXSrvKeywordParser& parser, Reader& 
                 set.labels.push_back(Integer(reader, line, field, "a label"));
                 continue;
             }
-            auto const other = sets.find(Upper(std::string(field)));
+            auto const other = sets.find(Name(field));
             if (other == sets.end())
                 reader.Fail(line, std::string("expected a label or the name of a ") +
                                       (nodes ? "node" : "element") + " set, found \"" + std::string(field) +
@@ -378,8 +392,7 @@ void ReadSection(Parameters const& parameters, ORXSrvKeywordParser& parser, Read
         layer.points = fields.size() > 1 && !fields[1].empty()
                            ? Integer(reader, line, fields[1], "a number of points")
                            : 5;
-        layer.material =
-            composite ? (fields.size() > 2 ? Upper(std::string(fields[2])) : "") : section.material;
+        layer.material = composite ? (fields.size() > 2 ? Name(fields[2]) : "") : section.material;
         if (layer.material.empty())
             reader.Fail(line, "expected the material of a composite layer");
         section.layers.push_back(layer);
@@ -434,9 +447,7 @@ void OnInclude(ORXString const&, Parameters const& parameters, ORXSrvKeywordPars
     auto const input = params.find("input");
     if (input == params.end() || input->second.empty())
         reader.Fail(parser.LineNumber(), "*INCLUDE needs INPUT=");
-    std::string file = input->second;
-    if (file.size() >= 2 && file.front() == '"' && file.back() == '"')
-        file = file.substr(1, file.size() - 2);
+    std::string file(Unquoted(input->second));
     if (file.empty() || file[0] != '/')
         file = DirectoryOf(reader.model.files[reader.File()]) + file;
     int const line = parser.LineNumber();
