@@ -1,5 +1,7 @@
 #include "BenchRatio.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <map>
 #include <vector>
@@ -23,11 +25,15 @@ std::vector<Ratio>& Ratios()
 class RecordingReporter : public benchmark::ConsoleReporter
 {
 public:
+    // Colours only on a terminal: piped output stays plain, so that every RATIO line starts its line.
+    RecordingReporter() : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular) {}
+
     void ReportRuns(std::vector<Run> const& runs) override
     {
         for (Run const& run : runs)
             if (run.run_type == Run::RT_Iteration && run.iterations > 0)
-                m_seconds[run.benchmark_name()] = run.real_accumulated_time / static_cast<double>(run.iterations);
+                m_seconds[run.benchmark_name()] =
+                    run.real_accumulated_time / static_cast<double>(run.iterations);
         ConsoleReporter::ReportRuns(runs);
     }
 

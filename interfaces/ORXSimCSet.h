@@ -28,7 +28,7 @@ public:
 
     int Size() const { return m_size; }
     bool IsEmpty() const { return m_size == 0; }
-    bool IsAscending() const { return m_members.Get() == nullptr || m_sorted.Get() == nullptr; }
+    bool IsAscending() const;
     // Writes the Size() members in ascending order.
     void Members(int* out) const;
     // Writes them in the set's own order.
@@ -56,7 +56,7 @@ public:
 
     // The member data in its own order and, for a set that does not ascend, its sorted form.
     ORXSimIndexSetPtr const& OwnOrderData() const { return m_members; }
-    ORXSimIndexSetPtr const& SortedData() const { return m_sorted ? m_sorted : m_members; }
+    ORXSimIndexSetPtr const& SortedData() const;
     // A volatile set of that collection over member data made by the database.
     ORXSimCSet(ORXSimCSetID const& id, ORXSimIndexSetPtr const& members);
 
@@ -66,6 +66,5 @@ private:
     int m_lead = 0; // 1 once the set is registered
     ORXSimCSetID m_id;
     int m_size = 0;
-    ORXSimIndexSetPtr m_members; // own order; null for an empty set
-    ORXSimIndexSetPtr m_sorted;  // sorted form, only when the own order does not ascend
+    ORXSimIndexSetPtr m_members; // own order, with its sorted form; null for an empty set
 };

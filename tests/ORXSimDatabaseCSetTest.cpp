@@ -174,6 +174,31 @@ TEST_F(CSets, AlgebraAgreesWithSortedVectors)
     }
 }
 
+TEST_F(CSets, OrderedSetsKeepTheirOrderWhereverTheyAreSorted)
+{
+    // The sorted form is made once, by whichever copy asks first; copies made before and after it
+    // agree, and the own order never changes. A descending run sorts into a run.
+    int const given[] = {9, 2, 7, 2, 5};
+    ORXSimCSet const ordered = nodes.CreateVolatileOrderedCSet(given, 5);
+    ORXSimCSet const before = ordered;
+    EXPECT_FALSE(before.IsAscending());
+    EXPECT_EQ(Ascending(before), (std::vector<int>{2, 2, 5, 7, 9}));
+    ORXSimCSet const after = ordered;
+    EXPECT_EQ(Ascending(after), Ascending(ordered));
+    EXPECT_EQ(Members(after), (std::vector<int>(given, given + 5)));
+    EXPECT_EQ(after.Bounds().first, 2);
+    EXPECT_EQ(after.Bounds().second, 9);
+    EXPECT_TRUE(ordered.Contains(7));
+    EXPECT_FALSE(ordered.Contains(3));
+
+    int const descending[] = {8, 6, 4, 2};
+    ORXSimCSet const run = nodes.CreateVolatileOrderedCSet(descending, 4);
+    EXPECT_FALSE(run.IsAscending());
+    EXPECT_EQ(Ascending(run), (std::vector<int>{2, 4, 6, 8}));
+    EXPECT_TRUE(run.SameMembers(nodes.CreateVolatileCSetStrided(2, 4, 2)));
+    EXPECT_EQ(ORXSimCSet(run.AscendingID()).Size(), 4);
+}
+
 TEST_F(CSets, MemberMapsAndBitVectors)
 {
     ORXSimCollection elements = Collection(50);

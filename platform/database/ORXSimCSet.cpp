@@ -28,8 +28,16 @@ ORXSimCSet Result(ORXSimCollectionID const& collection, ORXSimIndexSetPtr const&
 ORXSimCSet::ORXSimCSet(ORXSimCSetID const& id, ORXSimIndexSetPtr const& members)
     : m_id(id), m_size(members ? members->Count() : 0), m_members(members)
 {
-    if (m_members && !m_members->IsAscending())
-        m_sorted = m_members->Sorted();
+}
+
+bool ORXSimCSet::IsAscending() const
+{
+    return !m_members || m_members->IsAscending();
+}
+
+ORXSimIndexSetPtr const& ORXSimCSet::SortedData() const
+{
+    return IsAscending() ? m_members : m_members->SortedForm();
 }
 
 ORXSimCSet::ORXSimCSet(ORXSimCSetID const& id) : m_id(id)

@@ -307,12 +307,15 @@ std::size_t ORXSimIndexSet::MemoryBytes() const
     return sizeof(ORXSimIndexSet) + (m_data ? sizeof(int) * static_cast<std::size_t>(m_count) : 0);
 }
 
-ORXSimIndexSetPtr ORXSimIndexSet::Sorted() const
+ORXSimIndexSetPtr const& ORXSimIndexSet::SortedForm() const
 {
-    if (m_ascending)
-        return ORXSimIndexSetPtr(const_cast<ORXSimIndexSet*>(this));
+    if (m_sortedForm)
+        return m_sortedForm;
     if (!m_data) // a descending run
-        return MakeRun(m_first + (m_count - 1) * m_stride, m_count, -m_stride);
+    {
+        m_sortedForm = MakeRun(m_first + (m_count - 1) * m_stride, m_count, -m_stride);
+        return m_sortedForm;
+    }
     int* data = AllocateMembers(m_count);
     std::memcpy(data, m_data, sizeof(int) * m_count);
     std::sort(data, data + m_count);
@@ -321,7 +324,8 @@ ORXSimIndexSetPtr ORXSimIndexSet::Sorted() const
     set->m_count = m_count;
     set->m_first = data[0];
     set->m_ascending = std::adjacent_find(data, data + m_count) == data + m_count;
-    return ORXSimIndexSetPtr(set);
+    m_sortedForm = ORXSimIndexSetPtr(set);
+    return m_sortedForm;
 }
 
 namespace

@@ -39,8 +39,10 @@ public:
     // Bytes held by this set.
     std::size_t MemoryBytes() const;
 
-    // Sorted form (with repeats) of a set that does not ascend.
-    ORXSimIndexSetPtr Sorted() const;
+    // Sorted form (with repeats) of a set that does not ascend, made when it is first asked for and
+    // kept with the set, so that sets made in a given order pay for sorting only when they are used
+    // as sets.
+    ORXSimIndexSetPtr const& SortedForm() const;
 
     // Set algebra over ascending operands (repeats allowed and skipped); results ascending.
     static ORXSimIndexSetPtr Union(ORXSimIndexSet const* a, ORXSimIndexSet const* b);
@@ -62,4 +64,5 @@ private:
     int m_stride = 1;
     bool m_ascending = true;
     int* m_data = nullptr;
+    mutable ORXSimIndexSetPtr m_sortedForm; // of a set that does not ascend, once asked for
 };
