@@ -13,8 +13,7 @@ ORXSimStoreField const* FindField(ORXSimPosition const& record, int field)
     ORXSimStoreNode* node = ORXSimStore::Get(record).FindNode(record);
     if (!node)
         return nullptr;
-    auto found = node->fields.find(field);
-    return found == node->fields.end() ? nullptr : &found->second;
+    return node->fields.Find(field);
 }
 
 ORXSimStoreField& WriteField(ORXSimPosition const& record, int field, ORXSimStoreField::Kind kind)

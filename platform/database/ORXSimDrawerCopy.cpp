@@ -6,24 +6,33 @@
 #include <cstring>
 #include <type_traits>
 
-ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<ORXSimCSet> const& view,
+ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<ORXSimCSet const> view,
                                    int bufferValueSize)
-    : m_strides(drawer.Strides()), m_bufferValueSize(bufferValueSize), m_storeValueSize(drawer.ValueSize())
+    : m_memory(m_arena.data(), m_arena.size()), m_plans(&m_memory), m_offsets(&m_memory), m_spans(&m_memory),
+      m_bufferValueSize(bufferValueSize), m_storeValueSize(drawer.ValueSize())
 {
     int const n = drawer.NumDimensions();
-    m_viewSizes.resize(n);
     m_plans.resize(n);
-    m_missing.assign(n, 0);
+    {
+        std::vector<std::int64_t> const strides = drawer.Strides();
+        std::int64_t bufferStride = 1;
+        for (int d = n - 1; d >= 0; --d)
+        {
+            m_plans[d].stride = strides[d];
+            m_plans[d].viewSize = view[d].Size();
+            m_plans[d].bufferStride = bufferStride;
+            bufferStride *= m_plans[d].viewSize;
+        }
+    }
     for (int d = 0; d < n; ++d)
     {
         ORXSimCSet const& set = view[d];
         ORXSimCSet const& domain = drawer.Domain()[d];
         ORXSimIndexSet const* members = set.OwnOrderData().Get();
         ORXSimIndexSet const* held = domain.SortedData().Get();
-        int const count = set.Size();
-        m_viewSizes[d] = count;
         DimPlan& plan = m_plans[d];
-        std::int64_t const stride = m_strides[d];
+        int const count = plan.viewSize;
+        std::int64_t const stride = plan.stride;
         if (WholeDimension(set, domain))
         {
             plan.identity = plan.linear = true;
@@ -42,15 +51,16 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
                 plan.first = std::max<std::int64_t>(0, -shift);
                 plan.last = std::max(plan.first, std::min<std::int64_t>(count, held->Count() - shift));
             }
-            m_missing[d] = static_cast<int>(count - (plan.last - plan.first));
+            plan.missing = static_cast<int>(count - (plan.last - plan.first));
             continue;
         }
-        plan.offsets.resize(count);
+        plan.offsetsAt = m_offsets.size();
+        m_offsets.resize(plan.offsetsAt + count, -1);
+        std::int64_t* const offsets = m_offsets.data() + plan.offsetsAt;
         if (!held || count == 0)
         {
             // Nothing held, or nothing asked for (an empty view set has no member data).
-            plan.offsets.assign(count, -1);
-            m_missing[d] = count;
+            plan.missing = count;
             continue;
         }
         if (members->IsAscending() && !held->IsRun())
@@ -66,16 +76,16 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
                 while (j < heldCount && held->At(j) < m)
                     ++j;
                 bool const found = j < heldCount && held->At(j) == m;
-                plan.offsets[i] = found ? j * stride : -1;
-                m_missing[d] += !found;
+                offsets[i] = found ? j * stride : -1;
+                plan.missing += !found;
             }
             continue;
         }
         for (int i = 0; i < count; ++i)
         {
             int const rank = held->RankOf(members->At(i));
-            plan.offsets[i] = rank >= 0 ? rank * stride : -1;
-            m_missing[d] += rank < 0;
+            offsets[i] = rank >= 0 ? rank * stride : -1;
+            plan.missing += rank < 0;
         }
     }
 
@@ -83,23 +93,23 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<
     int d = n - 1;
     for (; d >= 0; --d)
     {
-        if (!m_plans[d].identity || m_strides[d] != m_block)
+        if (!m_plans[d].identity || m_plans[d].stride != m_block)
             break;
-        m_block *= m_viewSizes[d];
+        m_block *= m_plans[d].viewSize;
     }
     m_spanDim = d;
     if (d < 0)
         return;
     // Spans of consecutive rows of the span dimension.
     DimPlan const& plan = m_plans[d];
-    bool const contiguousRows = m_strides[d] == m_block;
+    bool const contiguousRows = plan.stride == m_block;
     if (plan.linear && contiguousRows)
     {
         if (plan.first < plan.last)
             m_spans.push_back({plan.first, Offset(d, plan.first), plan.last - plan.first});
         return;
     }
-    for (std::int64_t i = 0; i < m_viewSizes[d]; ++i)
+    for (std::int64_t i = 0; i < plan.viewSize; ++i)
     {
         std::int64_t const offset = Offset(d, i);
         if (offset < 0)
@@ -128,8 +138,8 @@ std::int64_t ORXSimDrawerCopy::Offset(int d, std::int64_t i) const
 {
     DimPlan const& plan = m_plans[d];
     if (!plan.linear)
-        return plan.offsets[i];
-    return i >= plan.first && i < plan.last ? plan.base + i * m_strides[d] : -1;
+        return m_offsets[plan.offsetsAt + i];
+    return i >= plan.first && i < plan.last ? plan.base + i * plan.stride : -1;
 }
 
 bool ORXSimDrawerCopy::CoversDrawer() const
@@ -147,7 +157,12 @@ void ORXSimDrawerCopy::CopyValues(char* buffer, std::int64_t bufferIndex, char* 
     char* v = values + valueIndex * m_storeValueSize;
     if (m_bufferValueSize == m_storeValueSize)
     {
-        if (direction == ToBuffer)
+        // Single values are common in views across many drawers: copied without a call.
+        if (count == 1 && m_bufferValueSize == 4)
+            std::memcpy(direction == ToBuffer ? b : v, direction == ToBuffer ? v : b, 4);
+        else if (count == 1 && m_bufferValueSize == 8)
+            std::memcpy(direction == ToBuffer ? b : v, direction == ToBuffer ? v : b, 8);
+        else if (direction == ToBuffer)
             std::memcpy(b, v, count * m_bufferValueSize);
         else
             std::memcpy(v, b, count * m_bufferValueSize);
@@ -181,18 +196,19 @@ std::uint64_t ORXSimDrawerCopy::Run(char* buffer, char* values, Direction direct
         return static_cast<std::uint64_t>(m_block);
     }
     int const outer = m_spanDim; // dimensions 0 .. outer - 1 are walked one by one
-    std::vector<std::int64_t> bufferStrides(m_viewSizes.size());
-    std::int64_t stride = 1;
-    for (int d = static_cast<int>(m_viewSizes.size()) - 1; d >= 0; --d)
-    {
-        bufferStrides[d] = stride;
-        stride *= m_viewSizes[d];
-    }
+    // A linear dimension is walked over the members the drawer holds only.
+    auto const walkFirst = [this](int d) { return m_plans[d].linear ? m_plans[d].first : 0; };
+    auto const walkLast = [this](int d) { return m_plans[d].linear ? m_plans[d].last : m_plans[d].viewSize; };
     for (int d = 0; d < outer; ++d)
-        if (m_viewSizes[d] == 0)
+        if (walkFirst(d) >= walkLast(d))
             return 0;
+    std::array<std::byte, 256> arena;
+    std::pmr::monotonic_buffer_resource memory(arena.data(), arena.size());
+    std::pmr::vector<std::int64_t> index(outer, 0, &memory);
+    for (int d = 0; d < outer; ++d)
+        index[d] = walkFirst(d);
+    std::int64_t const spanStride = m_plans[outer].bufferStride;
     std::uint64_t copied = 0;
-    std::vector<std::int64_t> index(outer, 0);
     while (true)
     {
         std::int64_t bufferBase = 0, valueBase = 0;
@@ -202,22 +218,22 @@ std::uint64_t ORXSimDrawerCopy::Run(char* buffer, char* values, Direction direct
             std::int64_t const offset = Offset(d, index[d]);
             held = offset >= 0;
             valueBase += offset;
-            bufferBase += index[d] * bufferStrides[d];
+            bufferBase += index[d] * m_plans[d].bufferStride;
         }
         if (held)
             for (Span const& span : m_spans)
             {
                 std::int64_t const count = span.length * m_block;
-                CopyValues(buffer, bufferBase + span.viewIndex * bufferStrides[outer], values,
+                CopyValues(buffer, bufferBase + span.viewIndex * spanStride, values,
                            valueBase + span.storageOffset, count, direction);
                 copied += count;
             }
         int d = outer - 1;
         for (; d >= 0; --d)
         {
-            if (++index[d] < m_viewSizes[d])
+            if (++index[d] < walkLast(d))
                 break;
-            index[d] = 0;
+            index[d] = walkFirst(d);
         }
         if (d < 0)
             break;

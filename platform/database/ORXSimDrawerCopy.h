@@ -7,8 +7,11 @@
 #include "ORXSimCSet.h"
 #include "ORXSimStoreDrawer.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <memory_resource>
+#include <span>
 
 class ORXSimDrawerCopy
 {
@@ -19,10 +22,11 @@ public:
         FromBuffer
     };
     // bufferValueSize 4 means int values in the buffer, 8 doubles.
-    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::vector<ORXSimCSet> const& view,
-                     int bufferValueSize);
-    // Number of view members (per dimension) that the drawer does not hold.
-    std::vector<int> const& Missing() const { return m_missing; }
+    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<ORXSimCSet const> view, int bufferValueSize);
+    ORXSimDrawerCopy(ORXSimDrawerCopy const&) = delete;
+    ORXSimDrawerCopy& operator=(ORXSimDrawerCopy const&) = delete;
+    // Number of members of dimension d of the view that the drawer does not hold.
+    int Missing(int d) const { return m_plans[d].missing; }
     // True if the view covers every place of the drawer.
     bool CoversDrawer() const;
     // True if a view set takes a drawer's whole domain set in its order.
@@ -33,15 +37,19 @@ public:
 private:
     // Where the members of one view dimension lie in storage. A view that is a run over a held
     // run maps linearly: member i lies at base + i * stride for i in [first, last), and is not
-    // held elsewhere; any other view has an offset per member.
+    // held elsewhere; any other view has an offset per member, from offsetsAt on in m_offsets.
     struct DimPlan
     {
+        int viewSize = 0;
+        int missing = 0;         // view members the drawer does not hold
+        std::int64_t stride = 0; // storage distance between neighbours in this dimension
+        std::int64_t bufferStride = 0;
         bool identity = false;
         bool linear = false;
         std::int64_t base = 0;
         std::int64_t first = 0;
         std::int64_t last = 0;
-        std::vector<std::int64_t> offsets; // storage offset per view member, -1 where not held
+        std::size_t offsetsAt = 0; // storage offset per view member, -1 where not held
     };
     struct Span
     {
@@ -55,13 +63,15 @@ private:
     void CopyValues(char* buffer, std::int64_t bufferIndex, char* values, std::int64_t valueIndex,
                     std::int64_t count, Direction direction) const;
 
-    std::vector<int> m_viewSizes;
-    std::vector<DimPlan> m_plans;
-    std::vector<std::int64_t> m_strides;
-    std::vector<int> m_missing;
-    std::vector<Span> m_spans; // of the innermost dimension that is not merged into blocks
-    int m_spanDim = -1;        // -1: the whole view is one block
-    std::int64_t m_block = 1;  // values per innermost block
+    // A plan lives for one transfer of one drawer: its lists come from a buffer inside it, and only
+    // views of many members per dimension reach the heap.
+    std::array<std::byte, 1024> m_arena;
+    std::pmr::monotonic_buffer_resource m_memory;
+    std::pmr::vector<DimPlan> m_plans;
+    std::pmr::vector<std::int64_t> m_offsets;
+    std::pmr::vector<Span> m_spans; // of the innermost dimension that is not merged into blocks
+    int m_spanDim = -1;             // -1: the whole view is one block
+    std::int64_t m_block = 1;       // values per innermost block
     int m_bufferValueSize;
     int m_storeValueSize;
 };

@@ -69,8 +69,8 @@ ORXSimPosition ORXSimPosition::GetPosition(int member) const
     ORXSimStoreNode* node = ORXSimStore::Get(*this).FindNode(*this);
     if (!node)
         return ORXSimPosition();
-    auto found = node->links.find(member);
-    return found == node->links.end() ? ORXSimPosition() : ORXSimPosition(found->second);
+    ORXSimDynamicID const* target = node->links.Find(member);
+    return target ? ORXSimPosition(*target) : ORXSimPosition();
 }
 
 void ORXSimPosition::SetPosition(int member, ORXSimPosition const& target) const
@@ -79,11 +79,10 @@ void ORXSimPosition::SetPosition(int member, ORXSimPosition const& target) const
     if (!target.IsNull())
         ORXSimRequireTarget(store, target);
     ORXSimStoreNode& node = store.Node(*this);
-    auto found = node.links.find(member);
-    if (found != node.links.end())
+    if (ORXSimDynamicID const* found = node.links.Find(member))
     {
-        ORXSimDynamicID const old = found->second;
-        node.links.erase(found);
+        ORXSimDynamicID const old = *found;
+        node.links.Erase(member);
         store.RemoveHolding(old, *this, member, nullptr);
     }
     if (target.IsNull())

@@ -201,8 +201,7 @@ void ORXSimStoreContext::RequireExists(ORXSimDynamicID const& id) const
 
 ORXSimStoreNode* ORXSimStoreContext::FindNode(ORXSimDynamicID const& id)
 {
-    auto found = m_nodes.find(ORXSimStoreKey(id));
-    return found == m_nodes.end() ? nullptr : &found->second;
+    return m_nodes.Find(ORXSimStoreKey(id));
 }
 
 ORXSimStoreNode& ORXSimStoreContext::Node(ORXSimDynamicID const& id)
@@ -210,7 +209,7 @@ ORXSimStoreNode& ORXSimStoreContext::Node(ORXSimDynamicID const& id)
     if (ORXSimStoreNode* node = FindNode(id))
         return *node;
     RequireExists(id);
-    return m_nodes[ORXSimStoreKey(id)];
+    return m_nodes.Get(ORXSimStoreKey(id));
 }
 
 void ORXSimStoreContext::AddHolding(ORXSimDynamicID const& target, ORXSimDynamicID const& holder, int member,

@@ -11,6 +11,8 @@
 #include "ORXSimDynamicID.h"
 #include "ORXSimFTableID.h"
 #include "ORXSimIndexSet.h"
+#include "ORXSimStoreMemberMap.h"
+#include "ORXSimStoreNodeTable.h"
 #include "ORXString.h"
 
 #include <cstddef>
@@ -46,21 +48,6 @@ public:
     }
 };
 
-// What names an object inside one context.
-struct ORXSimStoreKey
-{
-    int category;
-    int minor1;
-    int minor2;
-    explicit ORXSimStoreKey(ORXSimDynamicID const& id)
-        : category(id.Category()), minor1(id.Minor1().Value()), minor2(id.Minor2().Value())
-    {
-    }
-    bool operator==(ORXSimStoreKey const& o) const
-    {
-        return category == o.category && minor1 == o.minor1 && minor2 == o.minor2;
-    }
-};
 struct ORXSimStoreKeyHash
 {
     std::size_t operator()(ORXSimStoreKey const& k) const
@@ -128,11 +115,11 @@ struct ORXSimStoreNode
     bool hasSymbol = false;
     int symbol = -1;
     ORXString symbolName;
-    std::unordered_map<int, ORXSimStoreField> fields;
-    std::unordered_map<int, ORXSimDynamicID> links;
-    std::unordered_map<int, std::shared_ptr<ORXSimStoreSet>> sets;
-    std::unordered_map<int, std::shared_ptr<ORXSimStoreList>> lists;
-    std::unordered_map<int, std::shared_ptr<ORXSimStoreMap>> maps;
+    ORXSimStoreMemberMap<ORXSimStoreField> fields;
+    ORXSimStoreMemberMap<ORXSimDynamicID> links;
+    ORXSimStoreMemberMap<std::shared_ptr<ORXSimStoreSet>> sets;
+    ORXSimStoreMemberMap<std::shared_ptr<ORXSimStoreList>> lists;
+    ORXSimStoreMemberMap<std::shared_ptr<ORXSimStoreMap>> maps;
     std::map<std::pair<int, int>, ORXSimDynamicID> associations;
     std::vector<ORXSimStoreHolding> holdings;
 };
@@ -203,7 +190,7 @@ private:
     ORXSimDatabaseReprBase* m_repr;
     ORXSimDynamicID m_focus;
     std::vector<int> m_recordTypes;
-    std::unordered_map<ORXSimStoreKey, ORXSimStoreNode, ORXSimStoreKeyHash> m_nodes;
+    ORXSimStoreNodeTable m_nodes;
     std::vector<ORXSimStoreCollection> m_collections;
     std::vector<std::unique_ptr<ORXSimStoreDistribution>> m_distributions;
     std::vector<std::unique_ptr<ORXSimStoreDSet>> m_dsets;

@@ -14,6 +14,12 @@ ORXSimStoreDrawer& ORXSimStoreDistribution::Drawer(ORXSimDrawerID const& drawer)
 ORXSimPersistentDrawerDesc ORXSimStoreDistribution::Describe(ORXSimStoreContext& store,
                                                              ORXSimStoreDrawer& drawer)
 {
+    std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
+    if (m_described.size() <= index)
+        m_described.resize(drawers.size());
+    ORXSimPersistentDrawerDesc& described = m_described[index];
+    if (!described.DrawerID().IsNull())
+        return described;
     int const n = drawer.NumDimensions();
     ORXSimArray<ORXSimCSet, ORXSimArrayClassPolicy<ORXSimCSet>> sets(n, 0);
     for (int d = 0; d < n; ++d)
@@ -26,7 +32,15 @@ ORXSimPersistentDrawerDesc ORXSimStoreDistribution::Describe(ORXSimStoreContext&
     ORXSimArray<int> chunks(static_cast<int>(drawer.Chunks().size()), 0);
     for (int d = 0; d < chunks.Size(); ++d)
         chunks.Get(d) = drawer.Chunks()[d];
-    return ORXSimPersistentDrawerDesc(
+    described = ORXSimPersistentDrawerDesc(
         ORXSimDrawerDescription(ORXSimOCompartment(sets), chunks, drawer.ExtendableDim(), drawer.ItemCount()),
         drawer.ID());
+    return described;
+}
+
+void ORXSimStoreDistribution::Forget(ORXSimStoreDrawer const& drawer)
+{
+    std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
+    if (index < m_described.size())
+        m_described[index] = ORXSimPersistentDrawerDesc();
 }

@@ -25,5 +25,11 @@ public:
     // The drawer with that identity; raises if it is not one of this distribution's.
     ORXSimStoreDrawer& Drawer(ORXSimDrawerID const& id);
     // The description of a drawer; its domain sets get identities (temporary) when they have none.
+    // It is made on first request and handed out again until Forget.
     ORXSimPersistentDrawerDesc Describe(ORXSimStoreContext& store, ORXSimStoreDrawer& drawer);
+    // Drops the kept description of a drawer; every change of a drawer's domain or values calls it.
+    void Forget(ORXSimStoreDrawer const& drawer);
+
+private:
+    std::vector<ORXSimPersistentDrawerDesc> m_described; // by drawer minor; default-made until described
 };

@@ -5,7 +5,10 @@
 #include "ORXSimStore.h"
 #include "ORXSimStoreDistribution.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
+#include <memory_resource>
 
 // Everything one transfer was told, and what CheckView found.
 class ORXSimTransferState
@@ -18,22 +21,27 @@ public:
         Write
     };
 
+    // The lists of a transfer come from a buffer inside it; grids of many dimensions reach the heap.
+    std::array<std::byte, 768> arena;
+    std::pmr::monotonic_buffer_resource memory{arena.data(), arena.size()};
+
     ORXSimDistributionID distribution;
     Direction direction = NoDirection;
-    std::vector<ORXSimCSet> dims;
-    std::vector<bool> dimSet;
+    std::pmr::vector<ORXSimCSet> dims = std::pmr::vector<ORXSimCSet>(&memory);
+    std::pmr::vector<bool> dimSet = std::pmr::vector<bool>(&memory);
     bool hasExtension = false;
     ORXSimCSet extension;
     bool hasDrawer = false;
     ORXSimDrawerID drawer;
     bool autoExtend = false;
     bool make = false;
-    std::vector<int> chunks;
+    std::pmr::vector<int> chunks = std::pmr::vector<int>(&memory);
     int extendableDim = -1;
     ORXSimTypeKey bufferKey = -1;
 
     bool checked = false;
-    std::vector<ORXSimCSet> view; // the checked view, one set per grid dimension
+    std::pmr::vector<ORXSimCSet> view =
+        std::pmr::vector<ORXSimCSet>(&memory); // the checked view, one set per grid dimension
     int bufferValueSize = 0;
     unsigned long long required = 0;
     bool extends = false; // the write adds members to the drawer's extendable dimension
@@ -110,20 +118,22 @@ void ORXSimTransferState::Check()
 {
     ORXSimStoreDistribution& d = Distribution();
     int const n = d.NumDimensions();
-    ORXString const name = ORXSimDescribe(distribution);
+    // The distribution is named only in the text of a failure.
+    auto const name = [this] { return ORXSimDescribe(distribution); };
     if (make && hasDrawer)
-        ORXSimRaise("a transfer on " + name + " cannot both make a new drawer and name an existing one");
+        ORXSimRaise("a transfer on " + name() + " cannot both make a new drawer and name an existing one");
     if (!make && direction == NoDirection)
-        ORXSimRaise("the transfer on " + name + " has no operation: call SetRead, SetWrite or a make option");
+        ORXSimRaise("the transfer on " + name() +
+                    " has no operation: call SetRead, SetWrite or a make option");
     if (direction == Write && !make && !hasDrawer)
-        ORXSimRaise("a write to " + name + " needs SetDrawer or a make option");
+        ORXSimRaise("a write to " + name() + " needs SetDrawer or a make option");
     ORXSimStoreDrawer* target = hasDrawer ? &d.Drawer(drawer) : nullptr;
 
     view.assign(n, ORXSimCSet());
     if (hasExtension)
     {
         if (!target || direction != Write)
-            ORXSimRaise("SetDimExtension on " + name + " needs SetWrite and SetDrawer");
+            ORXSimRaise("SetDimExtension on " + name() + " needs SetWrite and SetDrawer");
         int const ext = GrowDim(*target);
         for (int i = 0; i < n; ++i)
             view[i] = target->Domain()[i];
@@ -133,12 +143,12 @@ void ORXSimTransferState::Check()
     {
         if (static_cast<int>(dims.size()) > n)
             ORXSimRaise(ORXString("the view sets ") + Text(static_cast<long long>(dims.size())) +
-                        " dimensions, but " + name + " has " + Text(n));
+                        " dimensions, but " + name() + " has " + Text(n));
         for (int i = 0; i < n; ++i)
         {
             if (i >= static_cast<int>(dims.size()) || !dimSet[i])
-                ORXSimRaise(ORXString("dimension ") + Text(i) + " of the view is not set; " + name + " has " +
-                            Text(n) + " dimensions and each needs SetDim");
+                ORXSimRaise(ORXString("dimension ") + Text(i) + " of the view is not set; " + name() +
+                            " has " + Text(n) + " dimensions and each needs SetDim");
             view[i] = dims[i];
         }
     }
@@ -148,17 +158,17 @@ void ORXSimTransferState::Check()
                 ORXString("dimension ") + Text(i) + " of the view is a set of " +
                 (view[i].CollectionID().ContextID().IsNull() ? ORXString("no collection")
                                                              : ORXSimDescribe(view[i].CollectionID())) +
-                ", but dimension " + Text(i) + " of " + name + " lies in " + ORXSimDescribe(d.grid[i]));
+                ", but dimension " + Text(i) + " of " + name() + " lies in " + ORXSimDescribe(d.grid[i]));
 
     if (make)
     {
         if (!chunks.empty() && static_cast<int>(chunks.size()) != n)
             ORXSimRaise(Text(static_cast<long long>(chunks.size())) +
-                        ORXString(" chunk sizes were given for ") + name + ", which has " + Text(n) +
+                        ORXString(" chunk sizes were given for ") + name() + ", which has " + Text(n) +
                         " dimensions");
         if (extendableDim < -1 || extendableDim >= n)
             ORXSimRaise(ORXString("extendable dimension ") + Text(extendableDim) + " lies outside the " +
-                        Text(n) + " dimensions of " + name);
+                        Text(n) + " dimensions of " + name());
     }
     bufferValueSize = ValueSizeOfKey(bufferKey >= 0 ? bufferKey : d.rangeKey);
 
@@ -169,7 +179,7 @@ void ORXSimTransferState::Check()
         int const ext = growDim = GrowDim(*target);
         for (int i = 0; i < n; ++i)
         {
-            int const missing = plan.Missing()[i];
+            int const missing = plan.Missing(i);
             // A read of a named drawer leaves the places it does not hold as the caller left them,
             // as a read over all drawers does.
             if (direction == Read)
@@ -212,11 +222,12 @@ ORXSimStoreDrawer& ORXSimTransferState::MakeDrawer()
 {
     ORXSimStoreDistribution& d = Distribution();
     std::vector<ORXSimCSet> domain;
+    domain.reserve(view.size());
     for (ORXSimCSet const& set : view)
         domain.push_back(AscendingForm(set));
     ORXSimDrawerID const id = ORXSimIdentityFactory::Drawer(distribution, static_cast<int>(d.drawers.size()));
-    d.drawers.push_back(
-        std::make_unique<ORXSimStoreDrawer>(id, std::move(domain), chunks, extendableDim, d.ValueSize()));
+    d.drawers.push_back(std::make_unique<ORXSimStoreDrawer>(
+        id, std::move(domain), std::vector<int>(chunks.begin(), chunks.end()), extendableDim, d.ValueSize()));
     made = id;
     return *d.drawers.back();
 }
@@ -225,6 +236,7 @@ void ORXSimTransferState::DoWrite()
 {
     ORXSimStoreDistribution& d = Distribution();
     ORXSimStoreDrawer& target = make ? MakeDrawer() : d.Drawer(drawer);
+    d.Forget(target);
     int const ext = growDim;
     if (extends)
     {

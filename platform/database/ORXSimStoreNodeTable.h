@@ -1,0 +1,59 @@
+#pragma once
+// The nodes of one open document by the key of their object: an open-addressing table of node
+// pointers, so that a lookup costs one hash and usually one probe. Nodes are made on first use and
+// live as long as the table; their addresses never change.
+#include "ORXSimDynamicID.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct ORXSimStoreNode;
+
+// What names an object inside one context.
+struct ORXSimStoreKey
+{
+    int category;
+    int minor1;
+    int minor2;
+    ORXSimStoreKey(int category, int minor1, int minor2) : category(category), minor1(minor1), minor2(minor2)
+    {
+    }
+    explicit ORXSimStoreKey(ORXSimDynamicID const& id)
+        : ORXSimStoreKey(id.Category(), id.Minor1().Value(), id.Minor2().Value())
+    {
+    }
+    bool operator==(ORXSimStoreKey const& o) const
+    {
+        return category == o.category && minor1 == o.minor1 && minor2 == o.minor2;
+    }
+};
+
+class ORXSimStoreNodeTable
+{
+public:
+    ORXSimStoreNodeTable();
+    ~ORXSimStoreNodeTable();
+    ORXSimStoreNodeTable(ORXSimStoreNodeTable const&) = delete;
+    ORXSimStoreNodeTable& operator=(ORXSimStoreNodeTable const&) = delete;
+
+    // The node of that key; null if none was made.
+    ORXSimStoreNode* Find(ORXSimStoreKey const& key) const;
+    // The node of that key, made empty if there was none.
+    ORXSimStoreNode& Get(ORXSimStoreKey const& key);
+
+private:
+    struct Slot
+    {
+        ORXSimStoreKey key;
+        ORXSimStoreNode* node; // null for a free slot
+    };
+    std::size_t Home(ORXSimStoreKey const& key) const;
+    // Doubles the slots and places every node anew.
+    void Grow();
+
+    std::vector<Slot> m_slots; // a power of two in number, never more than half in use
+    int m_shift;               // 64 - log2 of the number of slots
+    std::vector<std::unique_ptr<ORXSimStoreNode>> m_nodes;
+};
