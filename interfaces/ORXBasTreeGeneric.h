@@ -1,13 +1,18 @@
 #pragma once
-// The untyped core of ORXBasMap: a red-black tree of unique values in nodes from Allocator. Values
-// are ordered by a comparitor on their leading key; a replicator copies and destroys them. The
-// header node is the end position; its left link is the root. Iterators stay valid until Clear.
+// The untyped core of ORXBasMap: a red-black tree of unique values. Values are ordered by a
+// comparitor on their leading key; a replicator copies and destroys them. The header node is the
+// end position; its left link is the root. Iterators stay valid until Clear. Nodes come from blocks
+// that the tree takes from Allocator and gives back whole in Clear (elements are never removed one
+// by one): blocks double from one node up to a bound, so that a small map stays small and the
+// nodes of a large one lie side by side in the order they were inserted.
 #include "ORXBasComparitor.h"
 #include "ORXBasNodeAllocator.h"
 #include "ORXBasReplicatorGeneric.h"
 #include "ORXBasTreeIteratorGeneric.h"
 
 #include <cstdint>
+
+struct ORXBasTreeBlock;
 
 // Where a node holds its value and how large the node is, in bytes.
 struct ORXBasNodeOffsets
@@ -33,7 +38,8 @@ public:
     void Clear();
     // The element whose key equals the key at key, or End().
     ORXBasTreeIteratorGeneric Find(void const* key) const;
-    // Inserts a copy of the value unless its key is present; gives the element with that key.
+    // Inserts a copy of the value unless its key is present; gives the element with that key. A key
+    // above all present ones (values inserted in ascending order) is placed without a descent.
     ORXBasPairIterBoolGeneric InsertUnique(void const* value);
     ORXBasTreeIteratorGeneric Begin() const { return ORXBasTreeIteratorGeneric(Leftmost()); }
     ORXBasTreeIteratorGeneric End() const { return ORXBasTreeIteratorGeneric(Header()); }
@@ -54,23 +60,29 @@ private:
     // The first node whose key is not less than key, or null.
     ORXBasTreeNodeGeneric* LowerBound(void const* key) const;
     ORXBasTreeNodeGeneric* CreateNode(void const* value);
-    void DestroyNode(ORXBasTreeNodeGeneric* node);
-    void DestroySubtree(ORXBasTreeNodeGeneric* node);
+    // Room for one more node, from the newest block or a new one.
+    ORXBasTreeNodeGeneric* AllocateNode();
+    // Destroys every element and gives all blocks back.
+    void ReleaseNodes();
     // Attaches copies of source's subtree below parent, shape and colours included.
     void CopySubtree(ORXBasTreeNodeGeneric const* source, ORXBasTreeNodeGeneric* parent,
                      ORXBasTreeNodeGeneric*& link);
     void CopyFrom(ORXBasTreeGeneric const& other);
     void ResetEmpty();
-    // After a swap: points the root and an empty tree's leftmost link at this tree's own header.
+    // Links the new node below parent, as its left or right child, and rebalances.
+    void Attach(ORXBasTreeNodeGeneric* node, ORXBasTreeNodeGeneric* parent, bool asLeft);
+    // After a swap: points the root and an empty tree's extreme links at this tree's own header.
     void RelinkHeader(ORXBasTreeGeneric const& previousOwner);
 
     ORXBasTreeNodeGeneric m_header;
     std::uint64_t m_count;
     ORXBasTreeNodeGeneric* m_leftmost;
+    ORXBasTreeNodeGeneric* m_rightmost; // the greatest element's node; the header when empty
     ORXBasNodeOffsets m_offsets;
     ORXBasReplicatorGeneric m_replicator;
     ORXBasComparitorFunc m_comparitor;
     void const* m_context;
+    ORXBasTreeBlock* m_blocks; // the newest block first; null when the tree has no nodes
 };
 
 extern template class ORXBasTreeGeneric<ORXBasNodeAllocator>;

@@ -1,6 +1,17 @@
 #include "ORXBasTreeGeneric.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <new>
 #include <utility>
+
+// A block of tree nodes: this header, then capacity nodes at the alignment of any value.
+struct ORXBasTreeBlock
+{
+    ORXBasTreeBlock* next;
+    std::size_t capacity;
+    std::size_t used;
+};
 
 namespace
 {
@@ -8,6 +19,16 @@ typedef ORXBasTreeNodeGeneric Node;
 
 constexpr int g_red = 0;
 constexpr int g_black = 1;
+
+constexpr std::size_t g_blockHeader = (sizeof(ORXBasTreeBlock) + alignof(std::max_align_t) - 1) /
+                                      alignof(std::max_align_t) * alignof(std::max_align_t);
+// Blocks stop doubling at this many bytes of nodes (or one node, if a node is larger).
+constexpr std::size_t g_blockBytes = 16384;
+
+char* NodesOf(ORXBasTreeBlock* block)
+{
+    return reinterpret_cast<char*>(block) + g_blockHeader;
+}
 
 // Replaces child by replacement in child's parent, which may be the header (left link = root).
 void ReplaceChild(Node* child, Node* replacement)
@@ -95,16 +116,17 @@ template <class Allocator>
 ORXBasTreeGeneric<Allocator>::ORXBasTreeGeneric(ORXBasNodeOffsets const& offsets,
                                                 ORXBasReplicatorGeneric const& replicator,
                                                 ORXBasComparitorFunc comparitor, void const* context)
-    : m_header(), m_count(0), m_leftmost(nullptr), m_offsets(offsets), m_replicator(replicator),
-      m_comparitor(comparitor), m_context(context)
+    : m_header(), m_count(0), m_leftmost(nullptr), m_rightmost(nullptr), m_offsets(offsets),
+      m_replicator(replicator), m_comparitor(comparitor), m_context(context), m_blocks(nullptr)
 {
     ResetEmpty();
 }
 
 template <class Allocator>
 ORXBasTreeGeneric<Allocator>::ORXBasTreeGeneric(ORXBasTreeGeneric const& other)
-    : m_header(), m_count(0), m_leftmost(nullptr), m_offsets(other.m_offsets),
-      m_replicator(other.m_replicator), m_comparitor(other.m_comparitor), m_context(other.m_context)
+    : m_header(), m_count(0), m_leftmost(nullptr), m_rightmost(nullptr), m_offsets(other.m_offsets),
+      m_replicator(other.m_replicator), m_comparitor(other.m_comparitor), m_context(other.m_context),
+      m_blocks(nullptr)
 {
     ResetEmpty();
     CopyFrom(other);
@@ -123,7 +145,7 @@ ORXBasTreeGeneric<Allocator>& ORXBasTreeGeneric<Allocator>::operator=(ORXBasTree
 
 template <class Allocator> ORXBasTreeGeneric<Allocator>::~ORXBasTreeGeneric()
 {
-    DestroySubtree(Root());
+    ReleaseNodes();
 }
 
 template <class Allocator> void ORXBasTreeGeneric<Allocator>::ResetEmpty()
@@ -134,12 +156,13 @@ template <class Allocator> void ORXBasTreeGeneric<Allocator>::ResetEmpty()
     m_header.m_left = nullptr;
     m_header.m_right = nullptr;
     m_leftmost = Header();
+    m_rightmost = Header();
     m_count = 0;
 }
 
 template <class Allocator> void ORXBasTreeGeneric<Allocator>::Clear()
 {
-    DestroySubtree(Root());
+    ReleaseNodes();
     ResetEmpty();
 }
 
@@ -169,6 +192,12 @@ template <class Allocator> ORXBasTreeIteratorGeneric ORXBasTreeGeneric<Allocator
 template <class Allocator>
 ORXBasPairIterBoolGeneric ORXBasTreeGeneric<Allocator>::InsertUnique(void const* value)
 {
+    if (m_count > 0 && Less(ValueOf(m_rightmost), value))
+    {
+        Node* node = CreateNode(value);
+        Attach(node, m_rightmost, false);
+        return {ORXBasTreeIteratorGeneric(node), true};
+    }
     // One descent finds both the lower bound (an equal key, if any) and the free link to attach to.
     Node* parent = Header();
     Node* bound = nullptr;
@@ -189,6 +218,14 @@ ORXBasPairIterBoolGeneric ORXBasTreeGeneric<Allocator>::InsertUnique(void const*
         return {ORXBasTreeIteratorGeneric(bound), false};
 
     Node* node = CreateNode(value);
+    Attach(node, parent, asLeft);
+    return {ORXBasTreeIteratorGeneric(node), true};
+}
+
+template <class Allocator>
+void ORXBasTreeGeneric<Allocator>::Attach(ORXBasTreeNodeGeneric* node, ORXBasTreeNodeGeneric* parent,
+                                          bool asLeft)
+{
     node->m_parent = parent;
     if (asLeft)
     {
@@ -198,21 +235,38 @@ ORXBasPairIterBoolGeneric ORXBasTreeGeneric<Allocator>::InsertUnique(void const*
     }
     else
         parent->m_right = node;
+    // The first node hangs left of the header and is both extremes.
+    if (parent == Header() || (!asLeft && parent == m_rightmost))
+        m_rightmost = node;
     ++m_count;
     RebalanceAfterInsert(node, Header());
-    return {ORXBasTreeIteratorGeneric(node), true};
+}
+
+template <class Allocator> ORXBasTreeNodeGeneric* ORXBasTreeGeneric<Allocator>::AllocateNode()
+{
+    ORXBasTreeBlock* block = m_blocks;
+    if (!block || block->used == block->capacity)
+    {
+        std::size_t const nodeSize = static_cast<std::size_t>(m_offsets.m_nodeSize);
+        std::size_t const most = std::max<std::size_t>(1, g_blockBytes / nodeSize);
+        std::size_t const capacity = block ? std::min(most, 2 * block->capacity) : 1;
+        block = new (Allocator::Allocate(g_blockHeader + capacity * nodeSize))
+            ORXBasTreeBlock{m_blocks, capacity, 0};
+        m_blocks = block;
+    }
+    return reinterpret_cast<Node*>(NodesOf(block) + block->used++ * m_offsets.m_nodeSize);
 }
 
 template <class Allocator> ORXBasTreeNodeGeneric* ORXBasTreeGeneric<Allocator>::CreateNode(void const* value)
 {
-    Node* node = static_cast<Node*>(Allocator::Allocate(m_offsets.m_nodeSize));
+    Node* node = AllocateNode();
     try
     {
         m_replicator.m_copy(value, ValueOf(node), 1);
     }
     catch (...)
     {
-        Allocator::Deallocate(node);
+        --m_blocks->used; // the node was the last one taken
         throw;
     }
     node->m_color = g_red;
@@ -223,21 +277,16 @@ template <class Allocator> ORXBasTreeNodeGeneric* ORXBasTreeGeneric<Allocator>::
     return node;
 }
 
-template <class Allocator> void ORXBasTreeGeneric<Allocator>::DestroyNode(ORXBasTreeNodeGeneric* node)
+template <class Allocator> void ORXBasTreeGeneric<Allocator>::ReleaseNodes()
 {
-    if (m_replicator.m_destroy)
-        m_replicator.m_destroy(ValueOf(node), 1);
-    Allocator::Deallocate(node);
-}
-
-template <class Allocator> void ORXBasTreeGeneric<Allocator>::DestroySubtree(ORXBasTreeNodeGeneric* node)
-{
-    while (node)
+    while (ORXBasTreeBlock* block = m_blocks)
     {
-        DestroySubtree(node->m_right);
-        Node* left = node->m_left;
-        DestroyNode(node);
-        node = left;
+        if (m_replicator.m_destroy)
+            for (std::size_t i = 0; i < block->used; ++i)
+                m_replicator.m_destroy(
+                    ValueOf(reinterpret_cast<Node*>(NodesOf(block) + i * m_offsets.m_nodeSize)), 1);
+        m_blocks = block->next;
+        Allocator::Deallocate(block);
     }
 }
 
@@ -276,6 +325,10 @@ template <class Allocator> void ORXBasTreeGeneric<Allocator>::CopyFrom(ORXBasTre
     for (Node* node = Root(); node; node = node->m_left)
         leftmost = node;
     m_leftmost = leftmost;
+    Node* rightmost = Header();
+    for (Node* node = Root(); node; node = node->m_right)
+        rightmost = node;
+    m_rightmost = rightmost;
 }
 
 template <class Allocator> void ORXBasTreeGeneric<Allocator>::swap(ORXBasTreeGeneric& other)
@@ -283,10 +336,12 @@ template <class Allocator> void ORXBasTreeGeneric<Allocator>::swap(ORXBasTreeGen
     std::swap(m_header, other.m_header);
     std::swap(m_count, other.m_count);
     std::swap(m_leftmost, other.m_leftmost);
+    std::swap(m_rightmost, other.m_rightmost);
     std::swap(m_offsets, other.m_offsets);
     std::swap(m_replicator, other.m_replicator);
     std::swap(m_comparitor, other.m_comparitor);
     std::swap(m_context, other.m_context);
+    std::swap(m_blocks, other.m_blocks);
     RelinkHeader(other);
     other.RelinkHeader(*this);
 }
@@ -298,6 +353,8 @@ void ORXBasTreeGeneric<Allocator>::RelinkHeader(ORXBasTreeGeneric const& previou
         Root()->m_parent = Header();
     if (m_leftmost == previousOwner.Header())
         m_leftmost = Header();
+    if (m_rightmost == previousOwner.Header())
+        m_rightmost = Header();
 }
 
 template class ORXBasTreeGeneric<ORXBasNodeAllocator>;
