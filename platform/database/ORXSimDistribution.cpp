@@ -20,10 +20,8 @@ ORXSimDistributionID MakeDistribution(ORXSimContextID context, ORXSimGrid const&
         store.Collection(range.Collection());
     auto distribution = std::make_unique<ORXSimStoreDistribution>();
     for (int d = 0; d < grid.NumDimensions(); ++d)
-    {
         store.Collection(grid[d]); // raises for anything but a collection of this document
-        distribution->grid.push_back(grid[d]);
-    }
+    distribution->grid = grid;
     distribution->rangeKey = key;
     distribution->rangeCollection = range.Collection();
     return store.AddDistribution(std::move(distribution), type);
@@ -42,14 +40,9 @@ ORXSimDistributionID ORXSimContext::CreateDistribution(ORXSimGrid const& grid, O
     return MakeDistribution(m_context, grid, range, type);
 }
 
-ORXSimDistribution::ORXSimDistribution(ORXSimDistributionID const& id) : m_context(id.ContextID()), m_id(id)
+ORXSimDistribution::ORXSimDistribution(ORXSimDistributionID const& id)
+    : m_context(id.ContextID()), m_grid(ORXSimStore::Get(id).Distribution(id).grid), m_id(id)
 {
-    ORXSimStoreDistribution& distribution = ORXSimStore::Get(id).Distribution(id);
-    ORXSimArray<ORXSimCollectionID, ORXSimArrayCopyClassPolicy<ORXSimCollectionID>> collections(
-        distribution.NumDimensions(), 0);
-    for (int d = 0; d < distribution.NumDimensions(); ++d)
-        collections.Get(d) = distribution.grid[d];
-    m_grid = ORXSimGrid(collections);
 }
 
 ORXSimRangeType ORXSimDistribution::RangeType() const

@@ -6,23 +6,21 @@
 #include <cstring>
 #include <type_traits>
 
-ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<ORXSimCSet const> view,
-                                   int bufferValueSize)
-    : m_memory(m_arena.data(), m_arena.size()), m_plans(&m_memory), m_offsets(&m_memory), m_spans(&m_memory),
-      m_bufferValueSize(bufferValueSize), m_storeValueSize(drawer.ValueSize())
+ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<std::int64_t const> strides,
+                                   std::span<ORXSimCSet const> view, int bufferValueSize)
+    : m_farPlans(drawer.NumDimensions() > static_cast<int>(m_nearPlans.size()) ? drawer.NumDimensions() : 0),
+      m_plans(m_farPlans.empty() ? m_nearPlans.data() : m_farPlans.data()),
+      m_dims(drawer.NumDimensions()), m_linearSpan{0, 0, 0}, m_bufferValueSize(bufferValueSize),
+      m_storeValueSize(drawer.ValueSize())
 {
-    int const n = drawer.NumDimensions();
-    m_plans.resize(n);
+    int const n = m_dims;
+    std::int64_t bufferStride = 1;
+    for (int d = n - 1; d >= 0; --d)
     {
-        std::vector<std::int64_t> const strides = drawer.Strides();
-        std::int64_t bufferStride = 1;
-        for (int d = n - 1; d >= 0; --d)
-        {
-            m_plans[d].stride = strides[d];
-            m_plans[d].viewSize = view[d].Size();
-            m_plans[d].bufferStride = bufferStride;
-            bufferStride *= m_plans[d].viewSize;
-        }
+        m_plans[d].stride = strides[d];
+        m_plans[d].viewSize = view[d].Size();
+        m_plans[d].bufferStride = bufferStride;
+        bufferStride *= m_plans[d].viewSize;
     }
     for (int d = 0; d < n; ++d)
     {
@@ -43,10 +41,12 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<OR
         {
             // A run over a held run with the same stride: member i has rank shift + i.
             std::int64_t const distance = static_cast<std::int64_t>(members->First()) - held->First();
+            std::int64_t const heldStride = held->Stride();
             plan.linear = true;
-            if (distance % held->Stride() == 0)
+            // Runs of consecutive members, the common case, need no division.
+            if (heldStride == 1 || distance % heldStride == 0)
             {
-                std::int64_t const shift = distance / held->Stride();
+                std::int64_t const shift = heldStride == 1 ? distance : distance / heldStride;
                 plan.base = shift * stride;
                 plan.first = std::max<std::int64_t>(0, -shift);
                 plan.last = std::max(plan.first, std::min<std::int64_t>(count, held->Count() - shift));
@@ -106,7 +106,10 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<OR
     if (plan.linear && contiguousRows)
     {
         if (plan.first < plan.last)
-            m_spans.push_back({plan.first, Offset(d, plan.first), plan.last - plan.first});
+        {
+            m_linearSpan = {plan.first, Offset(d, plan.first), plan.last - plan.first};
+            m_spans = std::span<Span const>(&m_linearSpan, 1);
+        }
         return;
     }
     for (std::int64_t i = 0; i < plan.viewSize; ++i)
@@ -114,17 +117,18 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<OR
         std::int64_t const offset = Offset(d, i);
         if (offset < 0)
             continue;
-        if (contiguousRows && !m_spans.empty())
+        if (contiguousRows && !m_spanList.empty())
         {
-            Span& last = m_spans.back();
+            Span& last = m_spanList.back();
             if (last.viewIndex + last.length == i && last.storageOffset + last.length * m_block == offset)
             {
                 ++last.length;
                 continue;
             }
         }
-        m_spans.push_back({i, offset, 1});
+        m_spanList.push_back({i, offset, 1});
     }
+    m_spans = m_spanList;
 }
 
 bool ORXSimDrawerCopy::WholeDimension(ORXSimCSet const& view, ORXSimCSet const& domain)
@@ -144,8 +148,8 @@ std::int64_t ORXSimDrawerCopy::Offset(int d, std::int64_t i) const
 
 bool ORXSimDrawerCopy::CoversDrawer() const
 {
-    for (DimPlan const& plan : m_plans)
-        if (!plan.identity)
+    for (int d = 0; d < m_dims; ++d)
+        if (!m_plans[d].identity)
             return false;
     return true;
 }
@@ -202,9 +206,10 @@ std::uint64_t ORXSimDrawerCopy::Run(char* buffer, char* values, Direction direct
     for (int d = 0; d < outer; ++d)
         if (walkFirst(d) >= walkLast(d))
             return 0;
-    std::array<std::byte, 256> arena;
-    std::pmr::monotonic_buffer_resource memory(arena.data(), arena.size());
-    std::pmr::vector<std::int64_t> index(outer, 0, &memory);
+    // The walk's position; views of more dimensions than fit on the stack take it from the heap.
+    std::array<std::int64_t, 8> near;
+    std::vector<std::int64_t> far(outer > static_cast<int>(near.size()) ? outer : 0);
+    std::int64_t* const index = far.empty() ? near.data() : far.data();
     for (int d = 0; d < outer; ++d)
         index[d] = walkFirst(d);
     std::int64_t const spanStride = m_plans[outer].bufferStride;

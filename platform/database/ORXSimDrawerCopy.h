@@ -8,10 +8,9 @@
 #include "ORXSimStoreDrawer.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
-#include <memory_resource>
 #include <span>
+#include <vector>
 
 class ORXSimDrawerCopy
 {
@@ -22,7 +21,9 @@ public:
         FromBuffer
     };
     // bufferValueSize 4 means int values in the buffer, 8 doubles.
-    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<ORXSimCSet const> view, int bufferValueSize);
+    // strides are those of the drawer's value block (ORXSimStoreDrawer::Strides).
+    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<std::int64_t const> strides,
+                     std::span<ORXSimCSet const> view, int bufferValueSize);
     ORXSimDrawerCopy(ORXSimDrawerCopy const&) = delete;
     ORXSimDrawerCopy& operator=(ORXSimDrawerCopy const&) = delete;
     // Number of members of dimension d of the view that the drawer does not hold.
@@ -63,15 +64,20 @@ private:
     void CopyValues(char* buffer, std::int64_t bufferIndex, char* values, std::int64_t valueIndex,
                     std::int64_t count, Direction direction) const;
 
-    // A plan lives for one transfer of one drawer: its lists come from a buffer inside it, and only
-    // views of many members per dimension reach the heap.
-    std::array<std::byte, 1024> m_arena;
-    std::pmr::monotonic_buffer_resource m_memory;
-    std::pmr::vector<DimPlan> m_plans;
-    std::pmr::vector<std::int64_t> m_offsets;
-    std::pmr::vector<Span> m_spans; // of the innermost dimension that is not merged into blocks
-    int m_spanDim = -1;             // -1: the whole view is one block
-    std::int64_t m_block = 1;       // values per innermost block
+    // A plan lives for one transfer of one drawer, and a read over many drawers makes one for each:
+    // a grid of up to four dimensions whose views map linearly makes no use of the heap.
+    std::array<DimPlan, 4> m_nearPlans;
+    std::vector<DimPlan> m_farPlans; // for larger grids
+    DimPlan* m_plans;                // the one of the two in use
+    int m_dims;
+    std::vector<std::int64_t> m_offsets;
+    // Spans of the innermost dimension that is not merged into blocks: one, when that dimension maps
+    // linearly, else a list.
+    Span m_linearSpan;
+    std::vector<Span> m_spanList;
+    std::span<Span const> m_spans;
+    int m_spanDim = -1;       // -1: the whole view is one block
+    std::int64_t m_block = 1; // values per innermost block
     int m_bufferValueSize;
     int m_storeValueSize;
 };

@@ -11,13 +11,10 @@ ORXSimStoreDrawer& ORXSimStoreDistribution::Drawer(ORXSimDrawerID const& drawer)
     return *drawers[index];
 }
 
-ORXSimPersistentDrawerDesc ORXSimStoreDistribution::Describe(ORXSimStoreContext& store,
-                                                             ORXSimStoreDrawer& drawer)
+ORXSimPersistentDrawerDesc const& ORXSimStoreDistribution::Describe(ORXSimStoreContext& store,
+                                                                    ORXSimStoreDrawer& drawer)
 {
-    std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
-    if (m_described.size() <= index)
-        m_described.resize(drawers.size());
-    ORXSimPersistentDrawerDesc& described = m_described[index];
+    ORXSimPersistentDrawerDesc& described = KeptOf(drawer).description;
     if (!described.DrawerID().IsNull())
         return described;
     int const n = drawer.NumDimensions();
@@ -38,9 +35,25 @@ ORXSimPersistentDrawerDesc ORXSimStoreDistribution::Describe(ORXSimStoreContext&
     return described;
 }
 
+std::vector<std::int64_t> const& ORXSimStoreDistribution::Strides(ORXSimStoreDrawer const& drawer)
+{
+    std::vector<std::int64_t>& strides = KeptOf(drawer).strides;
+    if (strides.empty())
+        strides = drawer.Strides();
+    return strides;
+}
+
+ORXSimStoreDistribution::Kept& ORXSimStoreDistribution::KeptOf(ORXSimStoreDrawer const& drawer)
+{
+    std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
+    if (m_kept.size() <= index)
+        m_kept.resize(drawers.size());
+    return m_kept[index];
+}
+
 void ORXSimStoreDistribution::Forget(ORXSimStoreDrawer const& drawer)
 {
     std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
-    if (index < m_described.size())
-        m_described[index] = ORXSimPersistentDrawerDesc();
+    if (index < m_kept.size())
+        m_kept[index] = Kept();
 }

@@ -2,9 +2,11 @@
 // A stored distribution: its grid, range type and drawers.
 #include "ORXSimCollectionID.h"
 #include "ORXSimDistributionID.h"
+#include "ORXSimGrid.h"
 #include "ORXSimPersistentDrawerDesc.h"
 #include "ORXSimStoreDrawer.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -14,22 +16,33 @@ class ORXSimStoreDistribution
 {
 public:
     ORXSimDistributionID id;
-    std::vector<ORXSimCollectionID> grid;
+    ORXSimGrid grid;
     int rangeKey = 0;
     ORXSimCollectionID rangeCollection;
     std::vector<std::unique_ptr<ORXSimStoreDrawer>> drawers;
 
-    int NumDimensions() const { return static_cast<int>(grid.size()); }
+    int NumDimensions() const { return grid.NumDimensions(); }
     // Bytes of one stored value: 8 for doubles, 4 for ints and member indices.
     int ValueSize() const { return rangeKey == 4 ? 8 : 4; }
     // The drawer with that identity; raises if it is not one of this distribution's.
     ORXSimStoreDrawer& Drawer(ORXSimDrawerID const& id);
     // The description of a drawer; its domain sets get identities (temporary) when they have none.
-    // It is made on first request and handed out again until Forget.
-    ORXSimPersistentDrawerDesc Describe(ORXSimStoreContext& store, ORXSimStoreDrawer& drawer);
-    // Drops the kept description of a drawer; every change of a drawer's domain or values calls it.
+    // It is made on first request and handed out again until Forget; the reference lasts until a
+    // drawer is added or forgotten.
+    ORXSimPersistentDrawerDesc const& Describe(ORXSimStoreContext& store, ORXSimStoreDrawer& drawer);
+    // The strides of a drawer's value block (ORXSimStoreDrawer::Strides), kept until Forget.
+    std::vector<std::int64_t> const& Strides(ORXSimStoreDrawer const& drawer);
+    // Drops what is kept of a drawer; every change of a drawer's domain or values calls it.
     void Forget(ORXSimStoreDrawer const& drawer);
 
 private:
-    std::vector<ORXSimPersistentDrawerDesc> m_described; // by drawer minor; default-made until described
+    // What is kept of one drawer between transfers; empty until first asked for.
+    struct Kept
+    {
+        ORXSimPersistentDrawerDesc description;
+        std::vector<std::int64_t> strides;
+    };
+    Kept& KeptOf(ORXSimStoreDrawer const& drawer);
+
+    std::vector<Kept> m_kept; // by drawer minor
 };
