@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <set>
 #include <string>
@@ -151,6 +152,75 @@ TEST(ORXBasMap, CopiesAreDeepAndMovedFromOrClearedMapsStayUsable)
         emptied->Insert(3, Inner());
         EXPECT_EQ(emptied->begin()->first, 3);
     }
+}
+
+// Ascending keys take the short way past the greatest element; the map must still refuse a repeat
+// of that element, place smaller keys by descent, and copy, swap and clear maps whose nodes fill
+// many blocks.
+TEST(ORXBasMap, AscendingInsertsRepeatsAndMapsOfManyBlocks)
+{
+    ORXBasMap<int, int> map;
+    int const n = 5000;
+    for (int key = 0; key < n; key += 2)
+        EXPECT_TRUE(map.insert(ORXBasPair<int const, int>(key, key * 10)).second);
+    EXPECT_FALSE(map.insert(ORXBasPair<int const, int>(n - 2, -1)).second);
+    EXPECT_EQ(map.find(n - 2)->second, (n - 2) * 10);
+    for (int key = 1; key < n; key += 2)
+        map.Insert(key, key * 10);
+    EXPECT_EQ(map.Insert(n, n * 10)->first, n);
+    ASSERT_EQ(map.size(), static_cast<std::uint64_t>(n + 1));
+    int expected = 0;
+    for (auto const& [key, value] : map)
+    {
+        EXPECT_EQ(key, expected);
+        EXPECT_EQ(value, expected * 10);
+        ++expected;
+    }
+    EXPECT_EQ(expected, n + 1);
+
+    ORXBasMap<int, int> copy(map);
+    copy.Insert(n + 1, 0);
+    copy.find(7)->second = -7;
+    EXPECT_EQ(map.size(), static_cast<std::uint64_t>(n + 1));
+    EXPECT_EQ(map.find(7)->second, 70);
+    EXPECT_EQ(map.find(n + 1), map.end());
+
+    ORXBasMap<int, int> other;
+    other.Insert(-1, -1);
+    other.swap(copy);
+    EXPECT_EQ(copy.size(), 1u);
+    EXPECT_EQ(copy.begin()->first, -1);
+    EXPECT_EQ(other.find(7)->second, -7);
+    // After the swap each map still finds its own greatest element.
+    EXPECT_FALSE(other.insert(ORXBasPair<int const, int>(n + 1, 1)).second);
+    EXPECT_TRUE(copy.insert(ORXBasPair<int const, int>(0, 0)).second);
+    EXPECT_EQ(copy.begin()->first, -1);
+
+    other.clear();
+    EXPECT_EQ(other.begin(), other.end());
+    other.Insert(3, 3);
+    other.Insert(4, 4);
+    other.Insert(1, 1);
+    EXPECT_EQ(other.begin()->first, 1);
+    EXPECT_EQ(other.size(), 3u);
+}
+
+TEST(ORXBasMap, ElementsOfEveryBlockAreDestroyed)
+{
+    ORXString value("shared");
+    {
+        ORXBasMap<int, ORXString> map;
+        for (int key = 1000; key > 0; --key)
+            map.Insert(key, value);
+        EXPECT_EQ(value.UseCount(), 1001);
+        map.clear();
+        EXPECT_EQ(value.UseCount(), 1);
+        for (int key = 0; key < 1000; ++key)
+            map.Insert(key, value);
+        ORXBasMap<int, ORXString> const copy(map);
+        EXPECT_EQ(value.UseCount(), 2001);
+    }
+    EXPECT_EQ(value.UseCount(), 1);
 }
 
 TEST(ORXBasMap, StringKeysAndValuesReleaseTheirReferences)

@@ -186,6 +186,52 @@ TEST_F(Records, SetsVectorsMapsAndAssociationsKeepTheirOrder)
     other.Close();
 }
 
+// Enough records to make the store regrow its tables several times: every link and field stays
+// with its record, and links set, replaced and removed in any member order are found as set.
+TEST_F(Records, LinksAndFieldsOfManyRecordsStayWithTheirRecords)
+{
+    std::vector<ORXSimPosition> records;
+    ORXSimCollection members = Collection(3000);
+    for (int i = 0; i < 3000; ++i)
+    {
+        records.push_back(Record());
+        records.back().DataRecord().SetInt(0, i);
+        if (i > 0)
+            records.back().SetPosition(kLink, records[i - 1]);
+        ORXSimPosition const member = m_document.GetRecord(members.ID(), i);
+        member.DataRecord().SetInt(1, -i);
+        member.SetPosition(kLink, records.back());
+    }
+    for (int i = 0; i < 3000; ++i)
+    {
+        EXPECT_EQ(records[i].DataRecord().ReturnInt(0), i);
+        ORXSimPosition const member = m_document.GetRecord(members.ID(), i);
+        EXPECT_EQ(member.DataRecord().ReturnInt(1), -i);
+        EXPECT_TRUE(Same(member.GetPosition(kLink), records[i]));
+        if (i > 0)
+        {
+            EXPECT_TRUE(Same(records[i].GetPosition(kLink), records[i - 1]));
+        }
+    }
+    EXPECT_TRUE(records[0].GetPosition(kLink).IsNull());
+
+    ORXSimPosition const holder = Record();
+    int const membersInOrder[] = {Schema(50, 9), Schema(50, 5), Schema(50, 7), Schema(50, 6), Schema(50, 8)};
+    for (int k = 0; k < 5; ++k)
+        holder.SetPosition(membersInOrder[k], records[k]);
+    for (int k = 4; k >= 0; --k)
+        EXPECT_TRUE(Same(holder.GetPosition(membersInOrder[k]), records[k]));
+    holder.SetPosition(membersInOrder[2], records[10]);
+    holder.SetPosition(membersInOrder[0], ORXSimPosition());
+    EXPECT_TRUE(holder.GetPosition(membersInOrder[0]).IsNull());
+    EXPECT_TRUE(Same(holder.GetPosition(membersInOrder[2]), records[10]));
+    EXPECT_TRUE(Same(holder.GetPosition(membersInOrder[1]), records[1]));
+    EXPECT_TRUE(Same(holder.GetPosition(membersInOrder[4]), records[4]));
+    EXPECT_EQ(records[2].ReferrersSet(membersInOrder[2]).Size(), 0);
+    EXPECT_EQ(records[10].ReferrersSet(membersInOrder[2]).Size(), 1);
+    EXPECT_EQ(records[0].ReferrersSet(membersInOrder[0]).Size(), 0);
+}
+
 TEST_F(Records, DataRecordFields)
 {
     ORXSimDataRecord record = m_document.Focus().CreateDataRecord(kType);

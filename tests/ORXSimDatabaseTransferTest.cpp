@@ -194,6 +194,92 @@ TEST_F(Transfers, MakeThenAppendWidensTheDrawer)
     EXPECT_EQ(ORXSimDrawer(drawer).Description().Domain().CSet(0).Size(), 17);
 }
 
+// Descriptions handed out are values of their moment: a later write changes what a new query
+// shows, not what was handed out before.
+TEST_F(Transfers, DescriptionsAreValuesOfTheirMoment)
+{
+    ORXSimDrawerID drawer = MakeDrawer(Run(nodes, 0, 4));
+    DrawerDescArray before;
+    ORXSimDistribution(coordinates).QueryDrawers(before);
+    ORXSimPersistentDrawerDesc kept = before[0];
+    before = DrawerDescArray();
+    Append(drawer, ORXSimCSet(Run(nodes, 0, 6)), Rows(0, 6));
+    EXPECT_EQ(kept.DataSizeItems(0), 0u);
+    EXPECT_EQ(kept.Domain().CSet(0).Size(), 4);
+    EXPECT_EQ(kept.DrawerID(), drawer);
+
+    DrawerDescArray after;
+    ORXSimDistribution(coordinates).QueryDrawers(after);
+    EXPECT_EQ(after[0].DataSizeItems(0), 18u);
+    EXPECT_EQ(after[0].Domain().CSet(0).Size(), 6);
+    // Asking again without a change in between gives the same sets.
+    DrawerDescArray again;
+    ORXSimDistribution(coordinates).QueryDrawers(again);
+    EXPECT_EQ(again[0].Domain().CSet(0).ID(), after[0].Domain().CSet(0).ID());
+    EXPECT_EQ(ORXSimDistribution(coordinates).DrawerDescription(drawer).DataSizeItems(0), 18u);
+
+    ORXSimPersistentDrawerDesc& self = kept;
+    kept = self;
+    EXPECT_EQ(kept.Domain().CSet(0).Size(), 4);
+    kept = after[0];
+    after = DrawerDescArray();
+    EXPECT_EQ(kept.DataSizeItems(0), 18u);
+    ORXSimArray<int> chunks;
+    kept.ChunkSizes(chunks);
+    EXPECT_EQ(chunks.Size(), 2);
+    ORXSimPersistentDrawerDesc const none;
+    none.ChunkSizes(chunks);
+    EXPECT_EQ(chunks.Size(), 0);
+    EXPECT_EQ(none.ExtendableDim(), -1);
+    EXPECT_EQ(none.DataSizeItems(0), 0u);
+
+    ORXSimGrid const grid = ORXSimDistribution(coordinates).Grid();
+    ORXSimGrid copy;
+    EXPECT_EQ(copy.NumDimensions(), 0);
+    copy = grid;
+    ORXSimGrid const& same = copy;
+    copy = same;
+    EXPECT_EQ(copy.NumDimensions(), 2);
+    EXPECT_EQ(copy[0], nodes.ID());
+    EXPECT_EQ(copy.Collections()[1], components.ID());
+}
+
+// A read over the whole distribution takes each place of the view from the drawer that holds it,
+// one drawer per component here, and leaves the places no drawer holds as the caller filled them.
+TEST_F(Transfers, ReadsGatherTheViewFromEveryDrawer)
+{
+    std::vector<ORXSimDrawerID> perComponent;
+    for (int c = 0; c < 3; ++c)
+    {
+        std::vector<double> values;
+        for (int n = 2; n < 12; ++n)
+            values.push_back(n * 10 + c);
+        ORXSimTransfer write{ORXSimDistribution(coordinates)};
+        write.SetWrite().SetBufferPadding(false).SetMakeNewDrawer();
+        write.SetDim(0, Run(nodes, 2, 10)).SetDim(1, Run(components, c, 1)).CheckView();
+        write.SetBuffer(0, values.data(), values.size() * sizeof(double)).ExecWrite();
+        perComponent.push_back(write.DrawerID());
+    }
+    // Nodes 0 and 1 lie before the held run, 12 and 13 after it.
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 0, 4))),
+              (std::vector<double>{-1, -1, -1, -1, -1, -1, 20, 21, 22, 30, 31, 32}));
+    EXPECT_EQ(ReadAll(ORXSimCSet(Run(nodes, 10, 4))),
+              (std::vector<double>{100, 101, 102, 110, 111, 112, -1, -1, -1, -1, -1, -1}));
+    int const order[] = {7, 2, 13};
+    int const backwards[] = {2, 0};
+    EXPECT_EQ(
+        Read(nodes.CreateVolatileOrderedCSet(order, 3), components.CreateVolatileOrderedCSet(backwards, 2)),
+        (std::vector<double>{72, 70, 22, 20, -1, -1}));
+
+    // A named drawer fills only its own component.
+    ORXSimTransfer named{ORXSimDistribution(coordinates)};
+    named.SetRead().SetDrawer(perComponent[1]).SetBufferPadding(false);
+    named.SetDim(0, Run(nodes, 3, 2)).SetDim(1, Run(components, 0, 3)).CheckView();
+    std::vector<double> values(6, -1);
+    named.SetBuffer(0, values.data(), values.size() * sizeof(double)).ExecRead();
+    EXPECT_EQ(values, (std::vector<double>{-1, 31, -1, -1, 41, -1}));
+}
+
 // Sequence 5 on a drawer made without an extendable dimension grows its first dimension.
 TEST_F(Transfers, ExtensionOfADrawerWithoutExtendableDimensionGrowsDimensionZero)
 {

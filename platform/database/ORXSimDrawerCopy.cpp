@@ -6,6 +6,16 @@
 #include <cstring>
 #include <type_traits>
 
+namespace
+{
+// The ascending member data of a set (SortedData), without a call for sets that ascend already.
+ORXSimIndexSet const* Sorted(ORXSimCSet const& set)
+{
+    ORXSimIndexSet const* own = set.OwnOrderData().Get();
+    return !own || own->IsAscending() ? own : own->SortedForm().Get();
+}
+} // namespace
+
 ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<std::int64_t const> strides,
                                    std::span<ORXSimCSet const> view, int bufferValueSize)
     : m_farPlans(drawer.NumDimensions() > static_cast<int>(m_nearPlans.size()) ? drawer.NumDimensions() : 0),
@@ -17,6 +27,7 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<st
     std::int64_t bufferStride = 1;
     for (int d = n - 1; d >= 0; --d)
     {
+        m_plans[d] = DimPlan{};
         m_plans[d].stride = strides[d];
         m_plans[d].viewSize = view[d].Size();
         m_plans[d].bufferStride = bufferStride;
@@ -27,7 +38,7 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<st
         ORXSimCSet const& set = view[d];
         ORXSimCSet const& domain = drawer.Domain()[d];
         ORXSimIndexSet const* members = set.OwnOrderData().Get();
-        ORXSimIndexSet const* held = domain.SortedData().Get();
+        ORXSimIndexSet const* held = Sorted(domain);
         DimPlan& plan = m_plans[d];
         int const count = plan.viewSize;
         std::int64_t const stride = plan.stride;
@@ -134,16 +145,7 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<st
 bool ORXSimDrawerCopy::WholeDimension(ORXSimCSet const& view, ORXSimCSet const& domain)
 {
     int const count = view.Size();
-    return count == domain.Size() &&
-           (count == 0 || view.OwnOrderData()->SameSequence(*domain.SortedData().Get()));
-}
-
-std::int64_t ORXSimDrawerCopy::Offset(int d, std::int64_t i) const
-{
-    DimPlan const& plan = m_plans[d];
-    if (!plan.linear)
-        return m_offsets[plan.offsetsAt + i];
-    return i >= plan.first && i < plan.last ? plan.base + i * plan.stride : -1;
+    return count == domain.Size() && (count == 0 || view.OwnOrderData()->SameSequence(*Sorted(domain)));
 }
 
 bool ORXSimDrawerCopy::CoversDrawer() const

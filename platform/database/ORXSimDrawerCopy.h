@@ -39,18 +39,19 @@ private:
     // Where the members of one view dimension lie in storage. A view that is a run over a held
     // run maps linearly: member i lies at base + i * stride for i in [first, last), and is not
     // held elsewhere; any other view has an offset per member, from offsetsAt on in m_offsets.
+    // Plain data, so that the plans a grid leaves unused cost nothing; each used one starts as {}.
     struct DimPlan
     {
-        int viewSize = 0;
-        int missing = 0;         // view members the drawer does not hold
-        std::int64_t stride = 0; // storage distance between neighbours in this dimension
-        std::int64_t bufferStride = 0;
-        bool identity = false;
-        bool linear = false;
-        std::int64_t base = 0;
-        std::int64_t first = 0;
-        std::int64_t last = 0;
-        std::size_t offsetsAt = 0; // storage offset per view member, -1 where not held
+        int viewSize;
+        int missing;         // view members the drawer does not hold
+        std::int64_t stride; // storage distance between neighbours in this dimension
+        std::int64_t bufferStride;
+        bool identity;
+        bool linear;
+        std::int64_t base;
+        std::int64_t first;
+        std::int64_t last;
+        std::size_t offsetsAt; // storage offset per view member, -1 where not held
     };
     struct Span
     {
@@ -60,7 +61,13 @@ private:
     };
 
     // Storage offset of member i of the view in dimension d, -1 where the drawer does not hold it.
-    std::int64_t Offset(int d, std::int64_t i) const;
+    std::int64_t Offset(int d, std::int64_t i) const
+    {
+        DimPlan const& plan = m_plans[d];
+        if (!plan.linear)
+            return m_offsets[plan.offsetsAt + i];
+        return i >= plan.first && i < plan.last ? plan.base + i * plan.stride : -1;
+    }
     void CopyValues(char* buffer, std::int64_t bufferIndex, char* values, std::int64_t valueIndex,
                     std::int64_t count, Direction direction) const;
 

@@ -276,6 +276,11 @@ void ORXSimTransferState::DoRead()
 ORXSimTransfer::ORXSimTransfer(ORXSimDistribution const& distribution) : m_state(new ORXSimTransferState)
 {
     m_state->distribution = distribution.ID();
+    // Room for the dimensions of a grid at once, so that SetDim and CheckView do not regrow the lists.
+    int const n = distribution.NumDimensions();
+    m_state->dims.reserve(n);
+    m_state->dimSet.reserve(n);
+    m_state->view.reserve(n);
 }
 
 ORXSimTransfer::~ORXSimTransfer()
