@@ -35,22 +35,6 @@ ORXSimPersistentDrawerDesc const& ORXSimStoreDistribution::Describe(ORXSimStoreC
     return described;
 }
 
-std::vector<std::int64_t> const& ORXSimStoreDistribution::Strides(ORXSimStoreDrawer const& drawer)
-{
-    std::vector<std::int64_t>& strides = KeptOf(drawer).strides;
-    if (strides.empty())
-        strides = drawer.Strides();
-    return strides;
-}
-
-ORXSimStoreDistribution::Kept& ORXSimStoreDistribution::KeptOf(ORXSimStoreDrawer const& drawer)
-{
-    std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
-    if (m_kept.size() <= index)
-        m_kept.resize(drawers.size());
-    return m_kept[index];
-}
-
 void ORXSimStoreDistribution::Forget(ORXSimStoreDrawer const& drawer)
 {
     std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());

@@ -30,8 +30,15 @@ public:
     // It is made on first request and handed out again until Forget; the reference lasts until a
     // drawer is added or forgotten.
     ORXSimPersistentDrawerDesc const& Describe(ORXSimStoreContext& store, ORXSimStoreDrawer& drawer);
-    // The strides of a drawer's value block (ORXSimStoreDrawer::Strides), kept until Forget.
-    std::vector<std::int64_t> const& Strides(ORXSimStoreDrawer const& drawer);
+    // The strides of a drawer's value block (ORXSimStoreDrawer::Strides), kept until Forget. Reads
+    // over many drawers ask for them once per drawer, so the kept case costs no call.
+    std::vector<std::int64_t> const& Strides(ORXSimStoreDrawer const& drawer)
+    {
+        std::vector<std::int64_t>& strides = KeptOf(drawer).strides;
+        if (strides.empty())
+            strides = drawer.Strides();
+        return strides;
+    }
     // Drops what is kept of a drawer; every change of a drawer's domain or values calls it.
     void Forget(ORXSimStoreDrawer const& drawer);
 
@@ -42,7 +49,13 @@ private:
         ORXSimPersistentDrawerDesc description;
         std::vector<std::int64_t> strides;
     };
-    Kept& KeptOf(ORXSimStoreDrawer const& drawer);
+    Kept& KeptOf(ORXSimStoreDrawer const& drawer)
+    {
+        std::size_t const index = static_cast<std::size_t>(drawer.ID().Minor2().Value());
+        if (m_kept.size() <= index)
+            m_kept.resize(drawers.size());
+        return m_kept[index];
+    }
 
     std::vector<Kept> m_kept; // by drawer minor
 };
