@@ -40,8 +40,8 @@ public:
     ORXSimTypeKey bufferKey = -1;
 
     bool checked = false;
-    std::pmr::vector<ORXSimCSet> view =
-        std::pmr::vector<ORXSimCSet>(&memory); // the checked view, one set per grid dimension
+    // The checked view, one set per grid dimension.
+    std::pmr::vector<ORXSimCSet> view = std::pmr::vector<ORXSimCSet>(&memory);
     int bufferValueSize = 0;
     unsigned long long required = 0;
     bool extends = false; // the write adds members to the drawer's extendable dimension
