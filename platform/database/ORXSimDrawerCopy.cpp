@@ -14,21 +14,37 @@ ORXSimIndexSet const* Sorted(ORXSimCSet const& set)
     ORXSimIndexSet const* own = set.OwnOrderData().Get();
     return !own || own->IsAscending() ? own : own->SortedForm().Get();
 }
+
+// True if count members in their own order are the held ascending members, all of them in order.
+bool TakesWhole(ORXSimIndexSet const* members, int count, ORXSimIndexSet const* held)
+{
+    return count == (held ? held->Count() : 0) && (count == 0 || members->SameSequence(*held));
+}
 } // namespace
 
-ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<std::int64_t const> strides,
+std::vector<ORXSimDrawerCopy::Held> ORXSimDrawerCopy::Layout(ORXSimStoreDrawer const& drawer)
+{
+    std::vector<std::int64_t> const strides = drawer.Strides();
+    std::vector<Held> layout;
+    layout.reserve(strides.size());
+    for (int d = 0; d < drawer.NumDimensions(); ++d)
+        layout.push_back({drawer.Domain()[d].SortedData(), strides[d]});
+    return layout;
+}
+
+ORXSimDrawerCopy::ORXSimDrawerCopy(std::span<Held const> layout, int storeValueSize,
                                    std::span<ORXSimCSet const> view, int bufferValueSize)
-    : m_farPlans(drawer.NumDimensions() > static_cast<int>(m_nearPlans.size()) ? drawer.NumDimensions() : 0),
+    : m_farPlans(layout.size() > m_nearPlans.size() ? layout.size() : 0),
       m_plans(m_farPlans.empty() ? m_nearPlans.data() : m_farPlans.data()),
-      m_dims(drawer.NumDimensions()), m_linearSpan{0, 0, 0}, m_bufferValueSize(bufferValueSize),
-      m_storeValueSize(drawer.ValueSize())
+      m_dims(static_cast<int>(layout.size())), m_linearSpan{0, 0, 0}, m_bufferValueSize(bufferValueSize),
+      m_storeValueSize(storeValueSize)
 {
     int const n = m_dims;
     std::int64_t bufferStride = 1;
     for (int d = n - 1; d >= 0; --d)
     {
         m_plans[d] = DimPlan{};
-        m_plans[d].stride = strides[d];
+        m_plans[d].stride = layout[d].stride;
         m_plans[d].viewSize = view[d].Size();
         m_plans[d].bufferStride = bufferStride;
         bufferStride *= m_plans[d].viewSize;
@@ -36,13 +52,12 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<st
     for (int d = 0; d < n; ++d)
     {
         ORXSimCSet const& set = view[d];
-        ORXSimCSet const& domain = drawer.Domain()[d];
         ORXSimIndexSet const* members = set.OwnOrderData().Get();
-        ORXSimIndexSet const* held = Sorted(domain);
+        ORXSimIndexSet const* held = layout[d].members.Get();
         DimPlan& plan = m_plans[d];
         int const count = plan.viewSize;
         std::int64_t const stride = plan.stride;
-        if (WholeDimension(set, domain))
+        if (TakesWhole(members, count, held))
         {
             plan.identity = plan.linear = true;
             plan.last = count;
@@ -145,7 +160,7 @@ ORXSimDrawerCopy::ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<st
 bool ORXSimDrawerCopy::WholeDimension(ORXSimCSet const& view, ORXSimCSet const& domain)
 {
     int const count = view.Size();
-    return count == domain.Size() && (count == 0 || view.OwnOrderData()->SameSequence(*Sorted(domain)));
+    return TakesWhole(view.OwnOrderData().Get(), count, Sorted(domain));
 }
 
 bool ORXSimDrawerCopy::CoversDrawer() const

@@ -20,10 +20,21 @@ public:
         ToBuffer,
         FromBuffer
     };
+    // What a drawer holds in one dimension and where: the ascending members of its domain set and
+    // the distance in values between neighbours in its block. A distribution keeps these per drawer
+    // (ORXSimStoreDistribution::Layout), so that a read over many drawers finds them side by side.
+    struct Held
+    {
+        ORXSimIndexSetPtr members; // null for an empty domain set
+        std::int64_t stride;
+    };
+    // The layout of a drawer, one Held per dimension.
+    static std::vector<Held> Layout(ORXSimStoreDrawer const& drawer);
+
+    // A copy plan for a drawer of that layout whose values are storeValueSize bytes each;
     // bufferValueSize 4 means int values in the buffer, 8 doubles.
-    // strides are those of the drawer's value block (ORXSimStoreDrawer::Strides).
-    ORXSimDrawerCopy(ORXSimStoreDrawer const& drawer, std::span<std::int64_t const> strides,
-                     std::span<ORXSimCSet const> view, int bufferValueSize);
+    ORXSimDrawerCopy(std::span<Held const> layout, int storeValueSize, std::span<ORXSimCSet const> view,
+                     int bufferValueSize);
     ORXSimDrawerCopy(ORXSimDrawerCopy const&) = delete;
     ORXSimDrawerCopy& operator=(ORXSimDrawerCopy const&) = delete;
     // Number of members of dimension d of the view that the drawer does not hold.

@@ -2,12 +2,13 @@
 // A stored distribution: its grid, range type and drawers.
 #include "ORXSimCollectionID.h"
 #include "ORXSimDistributionID.h"
+#include "ORXSimDrawerCopy.h"
 #include "ORXSimGrid.h"
 #include "ORXSimPersistentDrawerDesc.h"
 #include "ORXSimStoreDrawer.h"
 
-#include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 class ORXSimStoreContext;
@@ -30,14 +31,14 @@ public:
     // It is made on first request and handed out again until Forget; the reference lasts until a
     // drawer is added or forgotten.
     ORXSimPersistentDrawerDesc const& Describe(ORXSimStoreContext& store, ORXSimStoreDrawer& drawer);
-    // The strides of a drawer's value block (ORXSimStoreDrawer::Strides), kept until Forget. Reads
-    // over many drawers ask for them once per drawer, so the kept case costs no call.
-    std::vector<std::int64_t> const& Strides(ORXSimStoreDrawer const& drawer)
+    // The layout of a drawer for copy plans (ORXSimDrawerCopy::Layout), kept until Forget. Reads
+    // over many drawers ask for it once per drawer, so the kept case costs no call.
+    std::span<ORXSimDrawerCopy::Held const> Layout(ORXSimStoreDrawer const& drawer)
     {
-        std::vector<std::int64_t>& strides = KeptOf(drawer).strides;
-        if (strides.empty())
-            strides = drawer.Strides();
-        return strides;
+        std::vector<ORXSimDrawerCopy::Held>& layout = KeptOf(drawer).layout;
+        if (layout.empty())
+            layout = ORXSimDrawerCopy::Layout(drawer);
+        return layout;
     }
     // Drops what is kept of a drawer; every change of a drawer's domain or values calls it.
     void Forget(ORXSimStoreDrawer const& drawer);
@@ -47,7 +48,7 @@ private:
     struct Kept
     {
         ORXSimPersistentDrawerDesc description;
-        std::vector<std::int64_t> strides;
+        std::vector<ORXSimDrawerCopy::Held> layout;
     };
     Kept& KeptOf(ORXSimStoreDrawer const& drawer)
     {

@@ -175,7 +175,7 @@ void ORXSimTransferState::Check()
     extends = false;
     if (target)
     {
-        ORXSimDrawerCopy const plan(*target, d.Strides(*target), view, bufferValueSize);
+        ORXSimDrawerCopy const plan(d.Layout(*target), d.ValueSize(), view, bufferValueSize);
         int const ext = growDim = GrowDim(*target);
         for (int i = 0; i < n; ++i)
         {
@@ -251,7 +251,7 @@ void ORXSimTransferState::DoWrite()
         if (added)
             target.Extend(ext, added, !fillsNewRows);
     }
-    ORXSimDrawerCopy const plan(target, d.Strides(target), view, bufferValueSize);
+    ORXSimDrawerCopy const plan(d.Layout(target), d.ValueSize(), view, bufferValueSize);
     char* values = target.Values(!plan.CoversDrawer());
     plan.Run(static_cast<char*>(buffer), values, ORXSimDrawerCopy::FromBuffer);
 }
@@ -267,7 +267,7 @@ void ORXSimTransferState::DoRead()
         char const* values = stored->Values();
         if (!values)
             continue;
-        ORXSimDrawerCopy const plan(*stored, d.Strides(*stored), view, bufferValueSize);
+        ORXSimDrawerCopy const plan(d.Layout(*stored), d.ValueSize(), view, bufferValueSize);
         filled += plan.Run(static_cast<char*>(buffer), const_cast<char*>(values), ORXSimDrawerCopy::ToBuffer);
     }
     transient.SetFilledItems(filled);
