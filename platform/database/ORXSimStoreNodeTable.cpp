@@ -26,8 +26,28 @@ std::size_t ORXSimStoreNodeTable::Home(ORXSimStoreKey const& key) const
     return static_cast<std::size_t>(mixed >> m_shift);
 }
 
+bool ORXSimStoreNodeTable::IsDense(ORXSimStoreKey const& key)
+{
+    return (key.category == ORXSimDynamicID::RecordCategory && key.minor1 == 0) ||
+           (key.category == ORXSimDynamicID::CMemberCategory && key.minor1 >= 0);
+}
+
+std::vector<ORXSimStoreNode*> const* ORXSimStoreNodeTable::DenseList(ORXSimStoreKey const& key) const
+{
+    if (key.category == ORXSimDynamicID::RecordCategory)
+        return &m_records;
+    std::size_t const collection = static_cast<std::size_t>(key.minor1);
+    return collection < m_members.size() ? &m_members[collection] : nullptr;
+}
+
 ORXSimStoreNode* ORXSimStoreNodeTable::Find(ORXSimStoreKey const& key) const
 {
+    if (IsDense(key))
+    {
+        std::vector<ORXSimStoreNode*> const* list = DenseList(key);
+        std::size_t const index = static_cast<std::size_t>(key.minor2);
+        return list && key.minor2 >= 0 && index < list->size() ? (*list)[index] : nullptr;
+    }
     std::size_t const mask = m_slots.size() - 1;
     for (std::size_t i = Home(key);; i = (i + 1) & mask)
     {
@@ -43,15 +63,33 @@ ORXSimStoreNode& ORXSimStoreNodeTable::Get(ORXSimStoreKey const& key)
 {
     if (ORXSimStoreNode* node = Find(key))
         return *node;
-    if (2 * (m_nodes.size() + 1) > m_slots.size())
+    bool const dense = IsDense(key);
+    if (!dense && 2 * (m_hashed + 1) > m_slots.size())
         Grow();
     m_nodes.push_back(std::make_unique<ORXSimStoreNode>());
     ORXSimStoreNode* const node = m_nodes.back().get();
+    if (dense)
+    {
+        std::vector<ORXSimStoreNode*>* list = &m_records;
+        if (key.category == ORXSimDynamicID::CMemberCategory)
+        {
+            std::size_t const collection = static_cast<std::size_t>(key.minor1);
+            if (collection >= m_members.size())
+                m_members.resize(collection + 1);
+            list = &m_members[collection];
+        }
+        std::size_t const index = static_cast<std::size_t>(key.minor2);
+        if (index >= list->size())
+            list->resize(index + 1, nullptr);
+        (*list)[index] = node;
+        return *node;
+    }
     std::size_t const mask = m_slots.size() - 1;
     std::size_t i = Home(key);
     while (m_slots[i].node)
         i = (i + 1) & mask;
     m_slots[i] = Slot{key, node};
+    ++m_hashed;
     return *node;
 }
 

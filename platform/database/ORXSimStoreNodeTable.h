@@ -1,7 +1,9 @@
 #pragma once
-// The nodes of one open document by the key of their object: an open-addressing table of node
-// pointers, so that a lookup costs one hash and usually one probe. Nodes are made on first use and
-// live as long as the table; their addresses never change.
+// The nodes of one open document by the key of their object. Records and collection members, the
+// objects that have nodes by the thousand, find theirs by index in dense lists, in the order they
+// were made, so that records made together are looked up together; any other object through an
+// open-addressing table, with one hash and usually one probe. Nodes are made on first use and live
+// as long as the table; their addresses never change.
 #include "ORXSimDynamicID.h"
 
 #include <cstddef>
@@ -49,11 +51,18 @@ private:
         ORXSimStoreKey key;
         ORXSimStoreNode* node; // null for a free slot
     };
+    // Records and collection members have their nodes in dense lists.
+    static bool IsDense(ORXSimStoreKey const& key);
+    // The dense list of such a key; null for a collection none of whose members has a node yet.
+    std::vector<ORXSimStoreNode*> const* DenseList(ORXSimStoreKey const& key) const;
     std::size_t Home(ORXSimStoreKey const& key) const;
     // Doubles the slots and places every node anew.
     void Grow();
 
+    std::vector<ORXSimStoreNode*> m_records;              // by record minor; null where none was made
+    std::vector<std::vector<ORXSimStoreNode*>> m_members; // by collection, then member index
     std::vector<Slot> m_slots; // a power of two in number, never more than half in use
     int m_shift;               // 64 - log2 of the number of slots
+    std::size_t m_hashed = 0;  // nodes placed in the slots
     std::vector<std::unique_ptr<ORXSimStoreNode>> m_nodes;
 };
