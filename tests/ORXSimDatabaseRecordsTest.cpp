@@ -214,6 +214,21 @@ TEST_F(Records, LinksAndFieldsOfManyRecordsStayWithTheirRecords)
         }
     }
     EXPECT_TRUE(records[0].GetPosition(kLink).IsNull());
+    // Sets held by records keep their holders, as other objects than records and members do.
+    int const setLink = Schema(50, 10);
+    std::vector<ORXSimPosition> sets;
+    for (int i = 0; i < 300; ++i)
+    {
+        sets.push_back(ORXSimPosition(members.CreateCSetStrided(i, 2, 1, 1)));
+        records[i].SetPosition(setLink, sets.back());
+    }
+    for (int i = 0; i < 300; ++i)
+    {
+        ORXSimSet const holders = sets[i].ReferrersSet(setLink);
+        ASSERT_EQ(holders.Size(), 1);
+        EXPECT_TRUE(Same(*holders.Begin(), records[i]));
+        EXPECT_TRUE(Same(records[i].GetPosition(setLink), sets[i]));
+    }
 
     ORXSimPosition const holder = Record();
     int const membersInOrder[] = {Schema(50, 9), Schema(50, 5), Schema(50, 7), Schema(50, 6), Schema(50, 8)};
