@@ -2,6 +2,7 @@
 #include "DocumentFixture.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -197,6 +198,118 @@ TEST_F(CSets, OrderedSetsKeepTheirOrderWhereverTheyAreSorted)
     EXPECT_EQ(Ascending(run), (std::vector<int>{2, 4, 6, 8}));
     EXPECT_TRUE(run.SameMembers(nodes.CreateVolatileCSetStrided(2, 4, 2)));
     EXPECT_EQ(ORXSimCSet(run.AscendingID()).Size(), 4);
+}
+
+TEST_F(CSets, OrderedSetsAnswerEveryQuestionAsTheirMembersDo)
+{
+    // Sets made in a given order of every shape, each question asked first in turn, so that each
+    // one in turn is the one that finds the set unsorted; every answer is checked against the given
+    // members, not against the set's own sorted form.
+    std::mt19937 random(3);
+    std::vector<int> shuffled(60);
+    for (int& m : shuffled)
+        m = static_cast<int>(random() % 80);
+    std::vector<int> descending(40);
+    for (int i = 0; i < 40; ++i)
+        descending[i] = 90 - 2 * i - i % 3;
+    std::vector<int> const shapes[] = {shuffled,
+                                       descending,
+                                       {97, 94, 91, 88, 85},      // a descending run
+                                       {3, 4, 5, 6, 7},           // a run, given in order
+                                       {2, 8, 9, 30},             // ascending, not a run
+                                       {5, 5, 5},                 // one member, repeated
+                                       {42},                      // a single member
+                                       {},                        // empty
+                                       {10, 11, 12, 10, 11, 12}}; // runs repeated
+    std::vector<int> const otherMembers = {0, 5, 6, 7, 8, 40, 41, 42, 43, 88, 99};
+    ORXSimCSet const other = nodes.CreateVolatileCSet(otherMembers.data(), 11, false);
+    ORXSimCSet const run = nodes.CreateVolatileCSetStrided(4, 50);
+    for (std::vector<int> const& given : shapes)
+    {
+        std::vector<int> sorted = given;
+        std::sort(sorted.begin(), sorted.end());
+        std::vector<int> unique = sorted;
+        unique.erase(std::unique(unique.begin(), unique.end()), unique.end());
+        auto algebra = [&](ORXSimCSet const& with, auto operation)
+        {
+            std::vector<int> members = Members(with), out;
+            operation(unique.begin(), unique.end(), members.begin(), members.end(), std::back_inserter(out));
+            return out;
+        };
+        auto merged = [](auto... args) { return std::set_union(args...); };
+        auto common = [](auto... args) { return std::set_intersection(args...); };
+        auto without = [](auto... args) { return std::set_difference(args...); };
+        auto withoutThis = [](auto a, auto ae, auto b, auto be, auto out)
+        { return std::set_difference(b, be, a, ae, out); };
+        std::vector<int> contained;
+        for (int m = -1; m <= 100; ++m)
+            if (std::binary_search(unique.begin(), unique.end(), m))
+                contained.push_back(m);
+
+        typedef std::function<std::vector<int>(ORXSimCSet const&)> Question;
+        std::vector<std::pair<Question, std::vector<int>>> const questions = {
+            {[](ORXSimCSet const& s) { return Ascending(s); }, sorted},
+            {[](ORXSimCSet const& s) { return Members(s); }, given},
+            {[](ORXSimCSet const& s) {
+                 return std::vector<int>{s.Bounds().first, s.Bounds().second};
+             },
+             given.empty() ? std::vector<int>{0, -1} : std::vector<int>{sorted.front(), sorted.back()}},
+            {[](ORXSimCSet const& s)
+             {
+                 std::vector<int> found;
+                 for (int m = -1; m <= 100; ++m)
+                     if (s.Contains(m))
+                         found.push_back(m);
+                 return found;
+             },
+             contained},
+            {[&](ORXSimCSet const& s) { return Members(s.Union(other)); }, algebra(other, merged)},
+            {[&](ORXSimCSet const& s) { return Members(other.Union(s)); }, algebra(other, merged)},
+            {[&](ORXSimCSet const& s) { return Members(s.Intersection(run)); }, algebra(run, common)},
+            {[&](ORXSimCSet const& s) { return Members(s - other); }, algebra(other, without)},
+            {[&](ORXSimCSet const& s) { return Members(run - s); }, algebra(run, withoutThis)},
+            {[&](ORXSimCSet const& s) { return Members(s.Union(s)); }, unique},
+            {[&](ORXSimCSet const& s)
+             {
+                 return std::vector<int>{s.SameMembers(nodes.CreateVolatileCSet(
+                                             unique.data(), static_cast<int>(unique.size()), false)),
+                                         s.SameMembers(other)};
+             },
+             std::vector<int>{1, unique == otherMembers}},
+            {[&](ORXSimCSet const& s)
+             { return given.empty() ? std::vector<int>{} : Members(ORXSimCSet(s.AscendingID())); },
+             unique},
+            {[](ORXSimCSet const& s)
+             {
+                 omi_BlkBitVect bits;
+                 s.AsBitVector(bits);
+                 std::vector<int> set;
+                 for (int m = 0; m <= 100; ++m)
+                     if (bits.GetBit(static_cast<unsigned>(m)))
+                         set.push_back(m);
+                 return set;
+             },
+             unique},
+        };
+        for (std::size_t first = 0; first < questions.size(); ++first)
+        {
+            SCOPED_TRACE(testing::Message() << given.size() << " members, question " << first << " first");
+            ORXSimCSet const set =
+                nodes.CreateVolatileOrderedCSet(given.data(), static_cast<int>(given.size()));
+            ORXSimCSet const copyBefore = set;
+            EXPECT_EQ(set.Size(), static_cast<int>(given.size()));
+            EXPECT_EQ(set.IsAscending(), std::adjacent_find(given.begin(), given.end(),
+                                                            std::greater_equal<int>()) == given.end());
+            for (std::size_t k = 0; k < questions.size(); ++k)
+            {
+                auto const& [question, expected] = questions[(first + k) % questions.size()];
+                EXPECT_EQ(question(set), expected) << "question " << (first + k) % questions.size();
+            }
+            ORXSimCSet const copyAfter = set;
+            EXPECT_EQ(Ascending(copyBefore), sorted);
+            EXPECT_EQ(Members(copyAfter), given);
+        }
+    }
 }
 
 TEST_F(CSets, MemberMapsAndBitVectors)

@@ -4,6 +4,7 @@
 #include "DocumentFixture.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <random>
 #include <string>
@@ -203,6 +204,96 @@ TEST(ORXSrvLabelMapperTest, AnOrdinalClaimedByTwoOccurrences)
     int const ordered[] = {3, 1};
     ORXSimCSetID const backwards = ORXSimCollection(primary.nodes).CreateTempOrderedCSet(ordered, 2);
     EXPECT_EQ(Members(mapper.GetSecondaryNodeSet(backwards)), (std::vector<int>{1, 3}));
+}
+
+TEST(ORXSrvLabelMapperTest, OrderedSetsFindTheRowsThatBinarySearchFinds)
+{
+    // Tables matched whole, with few or many holes, without their end ordinals, and with ordinals
+    // claimed by a second occurrence. Every ordinal, shuffled and some twice, asked in a given order
+    // must give the row that bsearch of the table's keys gives, and where each ordinal is matched
+    // once, its counterpart.
+    int const count = 2000;
+    struct Case
+    {
+        char const* name;
+        int keptPercent; // of the labels, on the secondary side
+        bool endsMissing;
+        int claimedTwice;
+    };
+    Case const cases[] = {{"whole", 100, false, 0},     {"few holes", 99, false, 0},
+                          {"half", 50, true, 0},        {"sparse", 2, false, 0},
+                          {"no ends", 100, true, 0},    {"twice", 100, false, 40},
+                          {"one twice", 100, false, 1}, {"holes and twice", 70, true, 25}};
+    for (Case const& c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        LabelledDocument primary(count), secondary(count);
+        std::mt19937 random(7);
+        std::vector<int> pOrd(count), sOrd(count), labels(count), sKeptOrd, sKeptLab;
+        for (int i = 0; i < count; ++i)
+            pOrd[i] = sOrd[i] = i, labels[i] = i + 1;
+        std::shuffle(pOrd.begin(), pOrd.end(), random);
+        std::shuffle(sOrd.begin(), sOrd.end(), random);
+        std::vector<int> keys;    // primary ordinals of the matches, with repeats
+        std::map<int, int> carry; // primary ordinal -> secondary ordinal
+        for (int i = 0; i < count; ++i)
+        {
+            bool const end = pOrd[i] == 0 || pOrd[i] == count - 1;
+            if (static_cast<int>(random() % 100) >= c.keptPercent || (c.endsMissing && end))
+                continue;
+            sKeptOrd.push_back(sOrd[i]);
+            sKeptLab.push_back(labels[i]);
+            keys.push_back(pOrd[i]);
+            carry[pOrd[i]] = sOrd[i];
+        }
+        primary.Define(0, "A", pOrd, labels);
+        secondary.Define(0, "A", sKeptOrd, sKeptLab);
+        std::vector<int> twice, twiceLabels, twiceSecondary;
+        for (int i = 0; i < c.claimedTwice; ++i)
+            twice.push_back(keys[i * 7 % keys.size()]);
+        std::sort(twice.begin(), twice.end());
+        twice.erase(std::unique(twice.begin(), twice.end()), twice.end());
+        for (std::size_t i = 0; i < twice.size(); ++i)
+        {
+            twiceLabels.push_back(static_cast<int>(i) + 1);
+            twiceSecondary.push_back(static_cast<int>(i));
+            keys.push_back(twice[i]);
+        }
+        primary.Define(0, "B", twice, twiceLabels);
+        secondary.Define(0, "B", twiceSecondary, twiceLabels);
+        std::sort(keys.begin(), keys.end());
+        std::vector<ORXSrvLabelMapperQuad> table;
+        for (int key : keys)
+            table.push_back({key, 0, 0, 0});
+
+        std::vector<int> asked(count);
+        for (int i = 0; i < count; ++i)
+            asked[i] = i;
+        std::shuffle(asked.begin(), asked.end(), random);
+        asked.insert(asked.end(), {0, count - 1, asked[3], asked[3]});
+        std::vector<int> mapping, carried;
+        for (int member : asked)
+        {
+            void const* found =
+                std::bsearch(&member, table.data(), table.size(), sizeof(ORXSrvLabelMapperQuad),
+                             &ORXSrvLabelMapper::IntQuadCompare);
+            if (found)
+                mapping.push_back(
+                    static_cast<int>(static_cast<ORXSrvLabelMapperQuad const*>(found) - table.data()));
+            if (carry.count(member))
+                carried.push_back(carry[member]);
+        }
+        ORXSrvLabelMapper mapper(primary.doc.Focus(), secondary.doc.Focus());
+        ORXSimCSetID const ordered = ORXSimCollection(primary.nodes)
+                                         .CreateTempOrderedCSet(asked.data(), static_cast<int>(asked.size()));
+        EXPECT_EQ(Values(mapper.GetMappingFromPrimaryNodeSet(ordered)), mapping);
+        std::vector<int> const secondaries = Members(mapper.GetSecondaryNodeSet(ordered));
+        EXPECT_EQ(secondaries.size(), mapping.size());
+        if (twice.empty())
+        {
+            EXPECT_EQ(secondaries, carried);
+        }
+    }
 }
 
 TEST(ORXSrvLabelMapperTest, GlobalLabelsAndSetMappers)

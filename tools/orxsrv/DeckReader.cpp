@@ -64,6 +64,7 @@ struct Reader
     long long linesSinceProgress = 0;
     Material* material = nullptr; // the material whose tables follow
     bool inStep = false;
+    std::string instancedPart; // the part that an instance of the assembly places, once one does
 
     int File() const { return fileStack.back(); }
     [[noreturn]] void Fail(int line, std::string const& what) const
@@ -428,6 +429,41 @@ void OnEndStep(ORXString const&, Parameters const&, ORXSrvKeywordParser& parser,
     parser.SkipToNextKeyword();
 }
 
+// Parts and their assembly. Nodes, elements and sets of a part are read as the model's own, which
+// is right for an assembly that holds one instance of one part, left where the part is: the common
+// deck of a single-part model. Anything more would need the part's mesh copied and moved per
+// instance, and is refused with a message rather than read wrongly.
+void OnPart(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser& parser, void* user)
+{
+    Required(Of(user), parser, ParameterMap(parameters), "name", "PART");
+    parser.SkipToNextKeyword();
+}
+
+void OnInstance(ORXString const&, Parameters const& parameters, ORXSrvKeywordParser& parser, void* user)
+{
+    Reader& reader = Of(user);
+    std::map<std::string, std::string> const params = ParameterMap(parameters);
+    std::string const name = Required(reader, parser, params, "name", "INSTANCE");
+    std::string const part = Required(reader, parser, params, "part", "INSTANCE");
+    int const line = parser.LineNumber();
+    if (!reader.instancedPart.empty())
+        reader.Fail(line, "instance " + name +
+                              " is a second instance of a part; orxsrv reads assemblies of one "
+                              "instance of one part");
+    reader.instancedPart = part;
+    std::string text;
+    int placement = 0;
+    while (NextDataLine(parser, text, placement))
+        if (!TrimView(text).empty())
+            reader.Fail(placement, "instance " + name + " is moved from where part " + part +
+                                       " lies; orxsrv reads instances that stay where their part is");
+}
+
+void OnKeywordWithoutData(ORXString const&, Parameters const&, ORXSrvKeywordParser& parser, void*)
+{
+    parser.SkipToNextKeyword();
+}
+
 void OnUnknown(ORXString const& keyword, Parameters const&, ORXSrvKeywordParser& parser, void* user)
 {
     Reader& reader = Of(user);
@@ -472,6 +508,12 @@ void Parse(Reader& reader, FILE* stream)
     parser.Register("step", OnStep);
     parser.Register("endstep", OnEndStep);
     parser.Register("include", OnInclude);
+    parser.Register("part", OnPart);
+    parser.Register("endpart", OnKeywordWithoutData);
+    parser.Register("assembly", OnKeywordWithoutData);
+    parser.Register("endassembly", OnKeywordWithoutData);
+    parser.Register("instance", OnInstance);
+    parser.Register("endinstance", OnKeywordWithoutData);
     parser.RegisterUnknownKeywordCallback(OnUnknown);
     parser.RegisterAmbiguousKeywordCallback(OnUnknown);
     parser.Parse();

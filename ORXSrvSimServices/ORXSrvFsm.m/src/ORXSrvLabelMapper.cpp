@@ -8,6 +8,8 @@
 #include "vds_CoreFragmentTypeIndex.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
@@ -29,6 +31,40 @@ void SortRows(ORXSrvLabelMapperQuad* rows, int count)
     std::sort(rows, rows + count,
               [](ORXSrvLabelMapperQuad const& a, ORXSrvLabelMapperQuad const& b)
               { return a.m_first < b.m_first; });
+}
+
+// The index of the row whose first field is key, -1 if there is none: the row that bsearch of the
+// table finds. Where the rows around key hold distinct first fields, row j's field lies at least j
+// above the first row's and at least count - 1 - j below the last row's, so key can only stand in a
+// window of places that the table's ends give; in a table matched almost whole the window is a row
+// or two wide, and the lookup touches one place instead of halving over all of the table. Whether
+// the window brackets key is checked against its neighbours, and a key held by several rows is left
+// to bsearch itself, whose choice among them stays the one made.
+int FindRow(ORXSrvLabelMapperQuad const* rows, int count, int key)
+{
+    if (count == 0 || key < rows[0].m_first || key > rows[count - 1].m_first)
+        return -1;
+    long long lo =
+        std::max<long long>(0, count - 1 - (static_cast<long long>(rows[count - 1].m_first) - key));
+    long long end = std::min<long long>(count, static_cast<long long>(key) - rows[0].m_first + 1);
+    if (lo > end || (lo > 0 && rows[lo - 1].m_first >= key) || (end < count && rows[end].m_first < key))
+    {
+        lo = 0;
+        end = count;
+    }
+    ORXSrvLabelMapperQuad const* const found = std::lower_bound(
+        rows + lo, rows + end, key, [](ORXSrvLabelMapperQuad const& row, int k) { return row.m_first < k; });
+    int const at = static_cast<int>(found - rows);
+    if (at == count || found->m_first != key)
+        return -1;
+    if (at + 1 < count && found[1].m_first == key)
+    {
+        void const* const chosen =
+            std::bsearch(&key, rows, static_cast<std::size_t>(count), sizeof(ORXSrvLabelMapperQuad),
+                         &ORXSrvLabelMapper::IntQuadCompare);
+        return static_cast<int>(static_cast<ORXSrvLabelMapperQuad const*>(chosen) - rows);
+    }
+    return at;
 }
 
 // The results of a set walked against the table: the row's index, or its secondary ordinal, for
@@ -63,11 +99,9 @@ int ResolveMembers(ORXSrvLabelMapperQuad* rows, int count, ORXSimCSet const& set
     set.OrderedMembers(buffer);
     for (int i = 0; i < m; ++i)
     {
-        void const* found = std::bsearch(&buffer[i], rows, static_cast<std::size_t>(count),
-                                         sizeof(ORXSrvLabelMapperQuad), &ORXSrvLabelMapper::IntQuadCompare);
-        if (found)
-            buffer[results++] =
-                result(rows, static_cast<int>(static_cast<ORXSrvLabelMapperQuad const*>(found) - rows));
+        int const row = FindRow(rows, count, buffer[i]);
+        if (row >= 0)
+            buffer[results++] = result(rows, row);
     }
     return results;
 }
@@ -177,13 +211,13 @@ ORXSrvLabelMapperQuad* ORXSrvLabelMapper::RemapBasedOnUserLabels(ORXObjLabelerTy
 
     // The table is sorted by primary ordinal, and each ordinal stands in one occurrence: so every
     // match goes straight to the place of its ordinal in a table as long as the primary collection,
-    // and the table is then closed up in order. Rows that find their place taken, or that lie
-    // outside the collection, go aside and make the table sorted afresh.
+    // and the table is then closed up in order. A bit per place, small enough to stay in cache, says
+    // which places are taken. Rows that find their place taken, or that lie outside the collection,
+    // go aside and make the table sorted afresh.
     ORXSimCollectionID const collection = GetCollection(m_primary, type == 0 ? Mesh_nodes : Mesh_elements);
     int const space = collection.IsNull() ? 0 : ORXSimCollection(collection).Space();
     ORXSrvLabelMapperQuad* table = NewRows(space);
-    for (int i = 0; i < space; ++i)
-        table[i].m_first = -1;
+    std::vector<std::uint64_t> taken((static_cast<std::size_t>(space) + 63) / 64);
     std::vector<ORXSrvLabelMapperQuad> aside;
     total = 0;
     int n = 0;
@@ -196,8 +230,12 @@ ORXSrvLabelMapperQuad* ORXSrvLabelMapper::RemapBasedOnUserLabels(ORXObjLabelerTy
         for (int r = 0; r < matches; ++r)
         {
             int const ordinal = rows[r].m_first;
-            if (ordinal >= 0 && ordinal < space && table[ordinal].m_first < 0)
+            std::uint64_t const bit = std::uint64_t(1) << (ordinal & 63);
+            if (ordinal >= 0 && ordinal < space && !(taken[ordinal >> 6] & bit))
+            {
+                taken[ordinal >> 6] |= bit;
                 table[ordinal] = rows[r];
+            }
             else
                 aside.push_back(rows[r]);
             ++n;
@@ -206,10 +244,21 @@ ORXSrvLabelMapperQuad* ORXSrvLabelMapper::RemapBasedOnUserLabels(ORXObjLabelerTy
     }
     int const ntotal = total;
     ORXSrvAssert(n == ntotal);
+    // Closing up moves nothing as long as no place was left empty, so whole words of taken places
+    // are passed over until the first gap.
     int placed = 0;
-    for (int i = 0; i < space; ++i)
-        if (table[i].m_first >= 0)
-            table[placed++] = table[i];
+    for (std::size_t w = 0; w < taken.size(); ++w)
+    {
+        int const base = static_cast<int>(w * 64);
+        if (taken[w] == ~std::uint64_t(0) && placed == base)
+        {
+            placed += 64;
+            continue;
+        }
+        for (std::uint64_t bits = taken[w]; bits; bits &= bits - 1)
+            table[placed++] = table[base + std::countr_zero(bits)];
+    }
+    std::vector<std::uint64_t>().swap(taken); // released before a table of the matches is made
     // The kept table holds the matches only: when fewer than the collection's members matched, or
     // some rows went aside, the rows move to a table of exactly that many.
     if (!aside.empty() || placed != space)
